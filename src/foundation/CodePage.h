@@ -1,0 +1,28 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+// Conversions between the UTF-8 text used inside the program and the
+// single-byte code pages of the files that Windows tools read and write.
+namespace scriv {
+
+// The code page that stands for the "system code page": windows-1252 unless
+// the settings choose another.
+const std::string& SystemCodePage();
+void SetSystemCodePage(std::string codePage);
+
+// Bytes in the given encoding to UTF-8. Bytes that the encoding does not define
+// are taken as Latin-1 so that nothing is lost.
+std::string ConvertToUtf8(std::string_view bytes, std::string_view fromEncoding);
+// UTF-8 to the given encoding; characters it cannot hold are transliterated
+// where possible, otherwise written as "?".
+std::string ConvertFromUtf8(std::string_view text, std::string_view toEncoding);
+
+inline std::string FromSystemCodePage(std::string_view bytes) { return ConvertToUtf8(bytes, SystemCodePage()); }
+inline std::string ToSystemCodePage(std::string_view text) { return ConvertFromUtf8(text, SystemCodePage()); }
+
+// True when iconv knows the encoding name.
+bool IsKnownEncoding(std::string_view encoding);
+
+}  // namespace scriv
