@@ -1,0 +1,52 @@
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "foundation/AppFolders.h"
+
+namespace scriv {
+
+class CScrivClient;
+class IHostIDEContext;
+
+// Exit codes of the program.
+namespace exitcode {
+inline constexpr int kDone = 0;
+inline constexpr int kFailed = 1;
+inline constexpr int kUsage = 2;
+inline constexpr int kCancelled = 3;
+}  // namespace exitcode
+
+struct GlobalOptions {
+    std::string home;
+    std::string data;
+    bool assumeYes { false };
+};
+
+// One run of the program: folders, the console as user interface, and a host
+// connected to a server.
+class CliSession {
+public:
+    explicit CliSession(const GlobalOptions& options);
+    ~CliSession();
+
+    // Connects a host; the server it gets becomes the current one.
+    void Connect(std::unique_ptr<IHostIDEContext> host);
+
+private:
+    std::unique_ptr<CScrivClient> m_client;
+};
+
+struct GenerateOptions {
+    std::string contents;
+    std::string out;
+    std::string host;
+    std::string name;
+    std::string title;
+};
+
+// Loads a contents document and runs the generation walk into a folder.
+int RunGenerateFromContents(const GlobalOptions& global, const GenerateOptions& options);
+
+}  // namespace scriv

@@ -1,0 +1,87 @@
+#include "foundation/FileBackups.h"
+
+#include <cstdio>
+#include <ctime>
+
+#include "foundation/Paths.h"
+#include "foundation/ScrivError.h"
+
+namespace scriv {
+
+namespace {
+
+std::string DateText(std::chrono::year_month_day date)
+{
+    char buffer[16];
+    std::snprintf(buffer, sizeof buffer, "%04d%02u%02u", static_cast<int>(date.year()),
+        static_cast<unsigned>(date.month()), static_cast<unsigned>(date.day()));
+    return buffer;
+}
+
+std::chrono::year_month_day LocalToday()
+{
+    std::time_t now = std::time(nullptr);
+    std::tm local {};
+    localtime_r(&now, &local);
+    return std::chrono::year_month_day { std::chrono::year { local.tm_year + 1900 },
+        std::chrono::month { static_cast<unsigned>(local.tm_mon + 1) },
+        std::chrono::day { static_cast<unsigned>(local.tm_mday) } };
+}
+
+bool NameIsTaken(const std::string& path)
+{
+    return FileExists(path) || FolderExists(path);
+}
+
+void CopyOrRaise(const std::string& from, const std::string& to)
+{
+    if (!CopyFileOver(from, to))
+        Raise(status::kGeneralFailure, "FileBackups.RotateBackups", "Can't copy '" + from + "' to '" + to + "'.");
+}
+
+}  // namespace
+
+std::string BackupFileName(std::string_view path, std::chrono::year_month_day today)
+{
+    std::string stem = FolderOf(path) + FileBaseName(path) + "_" + DateText(today);
+    std::string extension = FileExtension(path);
+    std::string candidate = stem + extension;
+    for (int counter = 1; NameIsTaken(candidate); ++counter)
+        candidate = stem + std::to_string(counter) + extension;
+    return candidate;
+}
+
+std::string BackupFileName(std::string_view path)
+{
+    return BackupFileName(path, LocalToday());
+}
+
+std::string RotatingBackupName(std::string_view path, int generation)
+{
+    return FolderOf(path) + "z" + std::to_string(generation) + "_" + FileNameOf(path) + ".bak";
+}
+
+bool RotateBackups(std::string_view path)
+{
+    if (path.empty() || !FileExists(path))
+        return true;
+    std::string file(path);
+    std::string first = RotatingBackupName(path, 1);
+    std::string second = RotatingBackupName(path, 2);
+    std::string third = RotatingBackupName(path, 3);
+    if (!FileExists(first)) {
+        CopyOrRaise(file, first);
+        CopyOrRaise(file, second);
+        CopyOrRaise(file, third);
+        return true;
+    }
+    if (FilesAreEqual(file, first))
+        return true;
+    // A copy that went missing is made again from the next newer one.
+    CopyOrRaise(FileExists(second) ? second : first, third);
+    CopyOrRaise(first, second);
+    CopyOrRaise(file, first);
+    return true;
+}
+
+}  // namespace scriv

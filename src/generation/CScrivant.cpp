@@ -1,0 +1,588 @@
+#include "generation/CScrivant.h"
+
+#include "foundation/CTraceLog.h"
+#include "foundation/CXmlMessages.h"
+#include "foundation/DateTime.h"
+#include "foundation/ErrorMessage.h"
+#include "foundation/EventLoop.h"
+#include "foundation/IUserInterface.h"
+#include "foundation/MsgBox.h"
+#include "foundation/ObjectNames.h"
+#include "foundation/Paths.h"
+#include "foundation/ScrivError.h"
+#include "foundation/StringUtil.h"
+#include "foundation/System.h"
+#include "foundation/Version.h"
+#include "generation/CScrivantParameters.h"
+#include "generation/Templates.h"
+#include "generation/clsHTMLFile.h"
+#include "host/CHostContextBase.h"
+#include "model/CAddInProject.h"
+#include "model/CAddInProjects.h"
+#include "model/CHelpPrjTree.h"
+#include "server/CScrivServer.h"
+#include "server/CScrivServerAgent.h"
+#include "server/CScrivServerData.h"
+#include "server/LoadedForms.h"
+
+namespace scriv {
+
+namespace {
+
+const std::string kCrLfText(kCrLf);
+
+CScrivServer& Server()
+{
+    CScrivServer* server = CurrentServer();
+    if (!server)
+        Raise(status::kGeneralFailure, "CScrivant", "The generator needs a connected server.");
+    return *server;
+}
+
+CScrivServerAgent& Agent()
+{
+    return Server().Agent();
+}
+
+CScrivServerData& Data()
+{
+    return Server().Data();
+}
+
+std::string Timestamp()
+{
+    return FormatLocalTime(std::chrono::system_clock::now(), "%Y-%m-%d %H:%M:%S");
+}
+
+}  // namespace
+
+CScrivant::CScrivant() = default;
+
+CScrivant::~CScrivant()
+{
+    Terminate();
+}
+
+CScrivantParameters& CScrivant::Parameters()
+{
+    return scriv::Parameters();
+}
+
+CHelpPrjTree& CScrivant::HelpProjectTree()
+{
+    if (!m_tree)
+        m_tree = std::make_unique<CHelpPrjTree>();
+    return *m_tree;
+}
+
+void CScrivant::Terminate()
+{
+    if (m_terminated)
+        return;
+    m_terminated = true;
+    if (m_tree) {
+        m_tree->Terminate();
+        m_tree.reset();
+    }
+}
+
+void CScrivant::Generate()
+{
+    const CScrivantParameters& parameters = Parameters();
+    GenerateHelpProject(true, false, parameters.SaveApplicationChanges, parameters.OpenHTMLHelp, false);
+}
+
+// --- the run ---
+
+std::uint32_t CScrivant::GenerateHelpProject(bool process, bool backup, bool save, bool openHelp, bool regenerating)
+{
+    std::uint32_t result = 0;
+    std::uint32_t failure = ErrorFrame("CScrivant.GenerateHelpProject", [&] {
+        CScrivantParameters& parameters = Parameters();
+        CAddInProject* project = CurrentAddInProject();
+        std::string folder = parameters.FolderForGeneratedHelp();
+        std::string helpFile = parameters.CompiledHelpFullPath();
+        if (regenerating && project) {
+            parameters.SetFolderForGeneratedHelp(project->Folder);
+            folder = project->Folder;
+            helpFile = project->CHMFullPath();
+        }
+        if (backup)
+            BackupProjectFolder(folder);
+
+        Data().GenerationInterrupted = false;
+        SetErrorCounter(0);
+        result = GenerateHTMLForProject(process, regenerating);
+
+        bool interrupted = Data().GenerationInterrupted;
+        if (!interrupted && ErrorCounter() == 0) {
+            Data().ProgressBarInit("Completing help generation", 5);
+            std::string sourceHelpFile;
+            if (FileExists(helpFile)) {
+                std::string sourceFolder = FolderOf(Agent().CurrentSourceProjectFullPath());
+                sourceHelpFile = sourceFolder + FileBaseName(helpFile) + ".chm";
+                if (save) {
+                    Data().ProgressBarUpdate("Setting HTML help for current source project...", 1);
+                    Agent().SetHelpFileForCurrentSourceProject(sourceHelpFile);
+                }
+            }
+            Data().ProgressBarUpdate("Saving changes of the source project", 2);
+            Agent().SaveMakeRun(save, false, false);
+            if (openHelp && FileExists(helpFile)) {
+                Data().ProgressBarUpdate("Opening generated and compiled HTML help...", 3);
+                ShellOpen(helpFile);
+            }
+        } else if (ErrorCounter() > 0 && parameters.OpenHTMLEditor) {
+            std::string question = "Errors have been detected during help generation. "
+                                   "You can either try to make changes in the source project "
+                                   "and regenerate or you may ignore the errors and "
+                                   "start the Help Editor. Starting the Help Editor "
+                                   "could result in new error messages because the generated "
+                                   "help project may be broken."
+                + kCrLfText + kCrLfText + "Note: in most cases the generated help project will NOT be broken."
+                + kCrLfText + kCrLfText + "Would you like to open Help Editor?";
+            if (MsgBox(question, 260, kMessageBoxTitle, "", 0, "CScrivant.GenerateHelpProject") == vbYes) {
+                // A negative count keeps the later error check quiet.
+                SetErrorCounter(-ErrorCounter());
+                Data().GenerationInterrupted = false;
+                LogicLoop().RunPending();
+            }
+        }
+        Data().ProgressBarDispose();
+    });
+    return failure != 0 ? failure : result;
+}
+
+void CScrivant::BackupProjectFolder(const std::string& folder)
+{
+    if (folder.empty() || ListFiles(folder, "*").empty())
+        return;
+    Agent().HourglassOn();
+    Agent().ProgressMeterInit("Making backup of existing help project...", 2);
+    Agent().ProgressMeterUpdate(1);
+    std::string target = ParentFolder(folder) + "BAK_"
+        + FormatLocalTime(std::chrono::system_clock::now(), "%Y_%m_%d_%H_%M_%S") + "/";
+    MakeFolders(target);
+    ShellAndWait({ "cp", "-a", RemoveBackslash(folder) + "/.", target });
+    Agent().ProgressMeterRemove();
+    Agent().HourglassOff();
+}
+
+std::uint32_t CScrivant::GenerateHTMLForProject(bool process, bool regenerating)
+{
+    CScrivantParameters& parameters = Parameters();
+    Agent().HourglassOn();
+    Agent().ProgressMeterInit("Starting help Generation...", 3);
+    std::uint32_t result = 0;
+
+    MakeFolders(parameters.FolderForGeneratedImages());
+    Trace(Timestamp() + ": Timestamp - Creating HTML Files.");
+    result = ProcessHelpTreeAndGenerateHelp(regenerating);
+    if (result == 0 && !Data().GenerationInterrupted) {
+        Trace(Timestamp() + ": Timestamp - Creating HHC and HHK Files.");
+        SaveHelpProjectFiles();
+        if (!Data().GenerationInterrupted) {
+            Trace(Timestamp() + ": Timestamp - Creating HHO and related Files.");
+            if (result != 0 && !Data().GenerationInterrupted) {
+                MsgBox("Errors occurred during help generation - check the Folder:" + kCrLfText + kCrLfText
+                        + parameters.FolderForGeneratedHelp(),
+                    msgbox::kCritical, "", "", 0, "CScrivant.GenerateHTMLForProject");
+            } else {
+                // Deliberately also after an interrupt during the project file step.
+                Trace(Timestamp() + ": Timestamp - Compiling HTML Help.");
+                Data().ProgressBarInit("Processing generated HTML Help...", 4);
+                Data().ProgressBarUpdate("Compiling HTML Help...", 1);
+                Data().ProgressBarUpdate("Copying compiled HTML Help...", 1);
+                Agent().ProgressMeterUpdate(2);
+                result = 0;
+            }
+        }
+    }
+    if (CurrentServer()) {
+        Data().ProgressBarDispose();
+        Agent().ProgressMeterRemove();
+        Agent().HourglassOff();
+    }
+    return result;
+}
+
+std::uint32_t CScrivant::ProcessHelpTreeAndGenerateHelp(bool regenerating)
+{
+    CScrivantParameters& parameters = Parameters();
+    Agent().HourglassOn();
+    CAddInProject* project = CurrentAddInProject();
+    if (!project) {
+        Agent().HourglassOff();
+        return status::kAbandoned;
+    }
+    if (!regenerating) {
+        project->Name = parameters.HelpProjectName();
+        project->FileName = GetComponentFileName(parameters.HelpProjectName());
+        project->Folder = parameters.FolderForGeneratedHelp();
+        project->PicsSubfolderName = RemoveBackslash(parameters.NameOfFolderForGeneratedImages());
+    }
+    std::string keptSourceProject = Agent().CurrentSourceProjectName();
+    CHelpPrjTree& tree = HelpProjectTree();
+    CHelpPrjTreeNode* root = tree.Root();
+    int total = tree.NodesQty();
+    int counter = 0;
+
+    if (root && !Data().GenerationInterrupted) {
+        Agent().ProgressMeterUpdate(0);
+        Agent().ProgressMeterInit("Processing TOC...", total);
+        Agent().SetUseProjectGroupAsSourceFlag(parameters.UseProjectGroupAsSource);
+        bool cancelled = ProcessHelpTreeAndGenerateHelp1(0, *root, total, counter, regenerating);
+        if (cancelled)
+            Data().GenerationInterrupted = true;
+        else
+            ProcessHelpTreeAndGenerateHelp2(*root, regenerating);
+        Agent().ProgressMeterRemove();
+    }
+    if (!keptSourceProject.empty())
+        Agent().SetCurrentSourceProject(keptSourceProject);
+    std::uint32_t result = Data().GenerationInterrupted ? status::kAbandoned : 0;
+    Agent().HourglassOff();
+    return result;
+}
+
+bool CScrivant::ProcessHelpTreeAndGenerateHelp1(int level, CHelpPrjTreeNode& parent, int total, int& counter,
+    bool regenerating)
+{
+    Trace("ProcessHelpTreeAndGenerateHelp1: level = " + std::to_string(level) + ", node = " + parent.Key() + " ["
+        + parent.Caption() + "]");
+    if (Data().GenerationInterrupted)
+        return false;
+    m_objectTimer = std::chrono::steady_clock::now();
+
+    // The walk may add nodes of its own; it visits the children that were there.
+    std::vector<CHelpPrjTreeNode*> children;
+    for (const auto& child : parent.ChildNodes())
+        children.push_back(child.get());
+
+    for (CHelpPrjTreeNode* child : children) {
+        if (regenerating && !child->RegenerateHelpFiles) {
+            if (ProcessHelpTreeAndGenerateHelp1(level + 1, *child, total, counter, regenerating))
+                return true;
+            continue;
+        }
+        CheckGenerationInterrupt();
+        if (Data().GenerationInterrupted)
+            break;
+        ++counter;
+        ErrorFrame("CScrivant.ProcessHelpTreeAndGenerateHelp1",
+            [&] { ProcessNode(*child, level, total, counter, regenerating); });
+
+        if (ProcessHelpTreeAndGenerateHelp1(level + 1, *child, total, counter, regenerating))
+            return true;
+        if (Data().GenerationInterrupted)
+            break;
+
+        ErrorFrame("CScrivant.ProcessHelpTreeAndGenerateHelp1", [&] {
+            if (processcode::IsListCode(child->ProcessCode()) && !child->TemplateHtmlFile().empty())
+                WriteListPage(*child);
+            std::string page = child->GeneratedHTMLFileFullPath();
+            if (!page.empty() && FileExists(page))
+                ++Data().GenerationStats().HelpPagesCount;
+        });
+    }
+    return false;
+}
+
+void CScrivant::ProcessNode(CHelpPrjTreeNode& child, int level, int total, int counter, bool regenerating)
+{
+    std::string typeName = child.NodeComponentTypeName();
+    std::string progress = typeName.empty()
+        ? "Processing TOC node at level " + std::to_string(child.Level()) + ". [" + child.Caption() + "]..."
+        : "Processing TOC node at level " + std::to_string(child.Level()) + " - " + typeName + ". [" + child.Name()
+            + "]...";
+    Agent().ProgressMeterInit(progress, total);
+    Agent().ProgressMeterUpdate(counter);
+
+    std::vector<std::string> replacements;
+    if (EqualsNoCase(child.Tag(), "Datamodel")) {
+        std::string relationships = Agent().ScreenshotDatamodelWindow();
+        if (!relationships.empty()) {
+            const CScrivantParameters& parameters = Parameters();
+            replacements.push_back("{{DatamodelImage}}|<IMG SRC=\"" + parameters.NameOfFolderForGeneratedImagesWithSlash()
+                + "Datamodel" + parameters.ImagesFileExt() + "\" BORDER=0>");
+            replacements.push_back("{{Relationships}}|" + relationships);
+        } else {
+            child.SetSkipped(true);
+        }
+    }
+    if (child.HasSerializer() || child.Skipped())
+        return;
+
+    int code = child.ProcessCode();
+    if (code == processcode::kSourceObject) {
+        ProcessSourceObject(child);
+    } else if (processcode::IsListCode(code)) {
+        NameListPage(child);
+    } else if (code == processcode::kPlainTopic) {
+        WritePlainTopic(child, replacements);
+    } else {
+        Raise(status::kGeneralFailure, "CScrivant.ProcessHelpTreeAndGenerateHelp1",
+            "Unknown ProcessCode = " + std::to_string(code) + " for " + child.Name());
+    }
+}
+
+void CScrivant::WritePlainTopic(CHelpPrjTreeNode& node, const std::vector<std::string>& replacements)
+{
+    const CScrivantParameters& parameters = Parameters();
+    CHelpPrjTree& tree = HelpProjectTree();
+    if (tree.NewHtmlHelpProject() || node.GeneratedHTMLFile().empty()) {
+        node.SetGeneratedHTMLFile(node.TemplateHtmlFileNameExtOnly());
+        ReplaceTagsAndCopy(node.TemplateHtmlFileFullPath(), node.GeneratedHTMLFileFullPath(), replacements);
+    }
+    if (node.HtmlTitle().empty())
+        node.SetHtmlTitle(node.Caption());
+    clsHTMLFile page;
+    if (page.Load(node.GeneratedHTMLFileFullPath()) == 0) {
+        page.Title = node.HtmlTitle();
+        page.Caption = node.Caption();
+        page.CSSFullPath = node.CSSFullPath().empty() ? parameters.CSSFullPath() : node.CSSFullPath();
+        page.Charset = node.Charset().empty() ? parameters.Charset : node.Charset();
+        page.Save();
+    }
+}
+
+void CScrivant::NameListPage(CHelpPrjTreeNode& node)
+{
+    if (!node.TemplateHtmlFile().empty()) {
+        node.SetGeneratedHTMLFile(node.TemplateHtmlFileNameExtOnly());
+        return;
+    }
+    std::string name = ReplaceAll(node.Caption(), " ", "_");
+    node.SetGeneratedHTMLFile(GetComponentFileName(name) + ".htm");
+}
+
+void CScrivant::WriteListPage(CHelpPrjTreeNode& node)
+{
+    const CScrivantParameters& parameters = Parameters();
+    std::vector<std::string> lines;
+    for (const auto& item : node.ChildNodes()) {
+        if (item->HasSerializer() || item->Skipped())
+            continue;
+        lines.push_back("<LI>" + item->HTMLFileRef(false) + "</LI>");
+    }
+    std::string css = node.CSSFullPath().empty() ? parameters.CSSFullPath() : node.CSSFullPath();
+    std::string charset = node.Charset().empty() ? parameters.Charset : node.Charset();
+    std::vector<std::string> replacements = {
+        "{{StyleSheetLinkHtml}}|" + StyleSheetLinkHtml(css.empty() ? std::string() : FileNameOf(css)),
+        "{{charset}}|" + charset,
+        "{{HtmlPageTitle}}|" + node.Caption(),
+        "{{HtmlTopicCaption}}|" + node.Caption(),
+        "{{BODY}}|" + Join(lines, kCrLfText),
+    };
+    if (node.GeneratedHTMLFile().empty() && !HelpProjectTree().HtmlFileNameIsUsed(FileBaseName(node.TemplateHtmlFile())))
+        node.SetGeneratedHTMLFile(node.TemplateHtmlFileNameExtOnly());
+    ReplaceTagsAndCopy(node.TemplateHtmlFileFullPath(), node.GeneratedHTMLFileFullPath(), replacements);
+}
+
+void CScrivant::ProcessSourceObject(CHelpPrjTreeNode& node)
+{
+    CScrivantParameters& parameters = Parameters();
+    CScrivStats& stats = Data().GenerationStats();
+    if (!node.SourceProjectName().empty()) {
+        Agent().SetCurrentSourceProject(node.SourceProjectName());
+        Trace("ProcessHelpTreeAndGenerateHelp1.SetCurrentSourceProject " + node.SourceProjectName());
+    }
+    int type = node.ObjectType();
+    bool exists = Agent().ComponentExistsTest(type, node.Name());
+    double elapsed = std::chrono::duration<double>(std::chrono::steady_clock::now() - m_objectTimer).count();
+    Trace(TimeOfDayText() + ": ComponentName = " + node.Name() + ", ObjectType = " + std::to_string(type)
+        + ", Exists = " + (exists ? "True" : "False") + "Timestamp: elapsed time = " + std::to_string(elapsed)
+        + " seconds.");
+    m_objectTimer = std::chrono::steady_clock::now();
+    if (!exists) {
+        // An object deleted from the application drops out of the help.
+        node.SetSkipped(true);
+        return;
+    }
+    if (type == objtype::kForm) {
+        ++stats.HelpProvidersCount;
+        ++stats.FormContextIdsCount;
+    } else if (type == objtype::kReport) {
+        ++stats.ReportContextIdsCount;
+    }
+    std::string oldPage = node.GeneratedHTMLFileFullPath();
+    if (!node.GeneratedHTMLFile().empty() && FileExists(oldPage))
+        DeleteFileIfExists(oldPage);
+
+    std::string base;
+    std::string page;
+    if (node.GeneratedHTMLFile().empty()) {
+        base = parameters.FolderForGeneratedImages() + GetComponentFileName(node.Name());
+        page = parameters.FolderForGeneratedHelp() + GetComponentFileName(node.Name()) + ".htm";
+    } else {
+        base = FolderOf(node.GeneratedHTMLFileFullPath()) + parameters.NameOfFolderForGeneratedImagesWithSlash()
+            + FileBaseName(node.GeneratedHTMLFile());
+        page = node.GeneratedHTMLFileFullPath();
+    }
+    std::string picture = base + parameters.ImagesFileExt();
+    std::string hostType = Agent().CurrentSourceProjectTypeName();
+    int hwnd = Agent().HostAppMainWindowHWnd();
+    std::string description = CreateXmlDefForComponent(type, node.Name(), hwnd, !parameters.MakeNormalViewScreenshots,
+        picture, page, parameters.NoReportsScreenShots(), hostType, false);
+    Agent().CloseComponent(type, node.Name(), false);
+    Trace("ProcessHelpTreeAndGenerateHelp1: description of " + node.Name() + " has "
+        + std::to_string(description.size()) + " characters");
+}
+
+std::string CScrivant::CreateXmlDefForComponent(int objectType, const std::string& name, int hwnd, bool designView,
+    const std::string& picFullPath, const std::string& htmlFullPath, bool noScreenshots,
+    const std::string& hostProjectType, bool keepOpen)
+{
+    const CScrivantParameters& parameters = Parameters();
+    ProcessComponentRequest request;
+    request.objectType = objectType;
+    request.componentName = name;
+    request.hostAppIdeHwnd = hwnd;
+    request.isInDesignView = designView;
+    request.pictureSaveType = parameters.ImagesFormat();
+    request.picFullPath = picFullPath;
+    request.htmlFullPath = htmlFullPath;
+    request.replaceHtml = false;
+    request.picSubFolder = parameters.NameOfFolderForGeneratedImages();
+    request.captureRptPreviewAreaOnly = parameters.CapturePreviewAreaOnly;
+    request.noReportsScreenShots = noScreenshots;
+    request.sourceProjectTypeName = hostProjectType;
+    request.keepSourceObjectOpened = keepOpen;
+    return Agent().ProcessComponent(request);
+}
+
+void CScrivant::ProcessHelpTreeAndGenerateHelp2(CHelpPrjTreeNode& root, bool regenerating)
+{
+    CScrivantParameters& parameters = Parameters();
+    if (Data().GenerationInterrupted)
+        return;
+    if (root.GeneratedHTMLFile().empty())
+        root.SetGeneratedHTMLFile(root.TemplateHtmlFileNameExtOnly());
+    if (HelpProjectTree().NewHtmlHelpProject())
+        ReplaceTagsAndCopy(root.TemplateHtmlFileFullPath(), root.GeneratedHTMLFileFullPath(), {});
+    if (root.HtmlTitle().empty())
+        root.SetHtmlTitle(root.Caption());
+
+    if (!regenerating) {
+        clsHTMLFile page;
+        if (page.Load(root.GeneratedHTMLFileFullPath()) == 0) {
+            page.Title = root.HtmlTitle();
+            page.Caption = root.Caption();
+            if (!parameters.CSSFullPath().empty())
+                root.SetCSSFullPath(parameters.CSSFullPath());
+            if (!parameters.Charset.empty())
+                root.SetCharset(parameters.Charset);
+            page.CSSFullPath = root.CSSFullPath().empty() ? parameters.CSSFullPath() : root.CSSFullPath();
+            page.Charset = root.Charset().empty() ? parameters.Charset : root.Charset();
+            page.Save();
+        }
+    }
+
+    clsHTMLFile contents;
+    if (contents.Load(ParameterizedFolder() + "Contents.htm") == 0) {
+        std::string target = parameters.FolderForGeneratedHelp() + GetComponentFileName(parameters.HelpProjectName())
+            + "TOC.htm";
+        std::string toc = "<UL>" + root.ContentsHTML(1, true) + "</UL>" + kCrLfText;
+        contents.HTML = ReplaceAllNoCase(contents.HTML, "{{TOC}}", toc);
+        if (CXmlMessages* messages = CurrentMessages())
+            contents.HTML = messages->ReplaceParameters(contents.HTML);
+        contents.Save(target);
+    }
+    CopyStyleSheet();
+}
+
+void CScrivant::CopyStyleSheet()
+{
+    const CScrivantParameters& parameters = Parameters();
+    std::string css = parameters.CSSFullPath();
+    if (css.empty())
+        return;
+    std::string source = css;
+    if (!FileExists(source))
+        source = CommonFolder() + FileNameOf(css);
+    if (!FileExists(source))
+        source = CommonFolder() + "Office10.css";
+    std::string target = parameters.FolderForGeneratedHelp() + FileNameOf(css);
+    if (FileExists(source) && !FileExists(target))
+        CopyFileOver(source, target);
+}
+
+std::uint32_t CScrivant::SaveHelpProjectFiles()
+{
+    Agent().HourglassOn();
+    Data().ProgressBarInit("Generating HTML help contents and index files...", 5);
+    std::uint32_t result = 0;
+    if (!CurrentAddInProject()) {
+        result = status::kAbandoned;
+    } else {
+        CHelpPrjTree& tree = HelpProjectTree();
+        tree.SetWasChanged(false);
+        tree.SetNewHtmlHelpProject(false);
+    }
+    Data().ProgressBarDispose();
+    Agent().HourglassOff();
+    return result;
+}
+
+// --- loading the tree ---
+
+void CScrivant::ShowStep(const std::string& text)
+{
+    Agent().ProgressMeterInit(text, 2);
+    Agent().ProgressMeterUpdate(1);
+}
+
+void CScrivant::HideStep()
+{
+    Agent().ProgressMeterRemove();
+}
+
+void CScrivant::UnLoadTreviewForActiveProject()
+{
+    if (m_tree && m_tree->Root()) {
+        m_tree->Terminate();
+        m_tree.reset();
+    }
+}
+
+std::uint32_t CScrivant::LoadTreviewForActiveProject(bool keep, IHostForm* progressForm)
+{
+    if (keep && m_tree && m_tree->Root())
+        return 0;
+    if (m_tree) {
+        m_tree->Terminate();
+        m_tree.reset();
+    }
+    CAddInProject* project = CurrentAddInProject();
+    std::string hhc = project ? project->HHCFullPath() : std::string();
+    std::string svp = project ? project->SVPFullPath() : std::string();
+    if (Data().GenerationInterrupted)
+        return status::kAbandoned;
+    CHelpPrjTree& tree = HelpProjectTree();
+    tree.Reset();
+    std::uint32_t result = 0;
+    if (!hhc.empty() && !svp.empty() && FileExists(svp)) {
+        ShowStep("Loading TOC treeview...");
+        result = tree.Load(svp, !FileExists(hhc), {}, true);
+    } else {
+        auto closed = [&] { return progressForm && !progressForm->Visible(); };
+        if (closed())
+            return status::kAbandoned;
+        ShowStep("Parsing source project...");
+        if (closed())
+            return status::kAbandoned;
+        ShowStep("Loading TOC treeview...");
+        std::string contents = ParameterizedFolder() + kProgramBaseName + "Contents.xml";
+        std::string settings = Data().SettingsFilePath();
+        // A settings file may carry the user's own default contents.
+        bool fromSettings = (!hhc.empty() || !svp.empty()) && FileExists(settings)
+            && ContainsNoCase(ReadFileText(settings).value_or(""), "<Project");
+        result = tree.Load(fromSettings ? settings : contents, true, {}, false);
+        if (closed())
+            return status::kAbandoned;
+    }
+    HideStep();
+    return result;
+}
+
+}  // namespace scriv

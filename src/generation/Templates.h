@@ -1,0 +1,56 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+// Where page templates are found, and the one replacement scheme every page
+// passes through.
+namespace scriv {
+
+// Templates/Parameterized/ below the templates root.
+std::string ParameterizedFolder();
+// Templates/Localized/<Language>/ when that folder has "Welcome.htm", else Localized/EN/.
+std::string LocalizedFolder();
+// Templates/Common/.
+std::string CommonFolder();
+
+// The template of a topic: the first of the parameterized, localized and common
+// folders that holds the file (only its file name counts); the common path when
+// none does.
+std::string TemplateFullPath(std::string_view fileName);
+
+// One entry of a replacement list: "find|replace".
+struct Replacement {
+    std::string find;
+    std::string replace;
+};
+// Entries without "|" are left out; both sides are trimmed.
+std::vector<Replacement> ParseReplacementList(const std::vector<std::string>& entries);
+
+// Reads a template (UTF-8), replaces the parameter tags, then each entry of the
+// list without regard to case, then the message table's page words; writes the
+// result as UTF-8 to target when one is given, and answers it. A missing
+// template gives "" and writes nothing. A failed write raises
+// "Error saving file <path>".
+std::string ReplaceTagsAndCopy(std::string_view sourcePath, std::string_view targetPath,
+    const std::vector<std::string>& replacementList);
+
+// <link href="path" type="text/css" rel="stylesheet">, or "" for an empty path.
+std::string StyleSheetLinkHtml(std::string_view styleSheetPath);
+
+// Keeps an "&" only where HTML Help shows it as text: last, or before "&" or "#";
+// a doubled one is doubled again. With strip, "&#38;" is taken out where no other
+// follows.
+std::string EscapeHtmlEntities(std::string_view text, bool strip);
+// Cut to 32 characters and "..." when longer.
+std::string TruncateForCaption(std::string_view text);
+// The path of fullPath relative to baseFolder ("../images/a.jpg").
+std::string SetRelativePath(std::string_view fullPath, std::string_view baseFolder);
+std::string JoinCollection(const std::vector<std::string>& items);
+std::vector<std::string> SplitToCollection(std::string_view text);
+// 1 "no", 2 "openedBook", 3 "hlpclose", then "document", "document1", "form",
+// "report" as 3 to 6; 0 for any other key.
+int TreeNodeImageIndex(std::string_view imageKey);
+
+}  // namespace scriv

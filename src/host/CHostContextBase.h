@@ -1,0 +1,62 @@
+#pragma once
+
+#include <string>
+
+#include "host/IHostIDEContext.h"
+
+namespace scriv {
+
+class CXmlCommand;
+
+// The parameters of the command ProcessComponent, in the order they are sent.
+struct ProcessComponentRequest {
+    int objectType { 2 };
+    std::string componentName;
+    int hostAppIdeHwnd { 0 };
+    bool isInDesignView { true };
+    bool replaceHtml { false };
+    int pictureSaveType { 0 };
+    std::string picFullPath;
+    std::string htmlFullPath;
+    std::string picSubFolder;
+    bool captureRptPreviewAreaOnly { false };
+    bool noReportsScreenShots { false };
+    std::string sourceProjectTypeName;
+    bool keepSourceObjectOpened { false };
+};
+
+// What every host shares: the command dispatch of ProcessCallBack and the
+// nesting hourglass. A host supplies the operations and the description of a
+// component.
+class CHostContextBase : public IHostIDEContext, public IHostIDEContextCommands {
+public:
+    // ^IHostIDEContext
+    std::string ProcessCallBack(const std::string& xml) override;
+
+    // ^IHostIDEContextCommands
+    void HourglassOn() override;
+    void HourglassOff() override;
+    void HourglassOffFinal() override;
+
+    // The nesting count of the hourglass; the pointer shows "wait" above 0.
+    int HourglassCount() const { return m_hourglassCount; }
+    bool HourglassShown() const { return m_hourglassShown; }
+
+protected:
+    // The normalised description of one component (the document a form walk
+    // makes), or "" when it cannot be described.
+    virtual std::string ProcessComponent(const ProcessComponentRequest& request) = 0;
+    // The class name used in the failure sources of the dispatch.
+    virtual std::string HostClassName() const = 0;
+    // Commands that only some hosts answer; the base raises the unknown-command
+    // failure. Answer true when the command was handled.
+    virtual bool ProcessOtherCommand(CXmlCommand& command) { return false; }
+
+private:
+    void Dispatch(CXmlCommand& command);
+
+    int m_hourglassCount { 0 };
+    bool m_hourglassShown { false };
+};
+
+}  // namespace scriv

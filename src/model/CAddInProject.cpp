@@ -1,0 +1,47 @@
+#include "model/CAddInProject.h"
+
+#include "foundation/Paths.h"
+#include "foundation/StringUtil.h"
+#include "server/CScrivServer.h"
+#include "server/CScrivServerAgent.h"
+
+namespace scriv {
+
+std::string CAddInProject::PathWithExtension(const char* extension) const
+{
+    if (FileName.empty())
+        return {};
+    return AddBackslash(Folder) + FileName + extension;
+}
+
+std::string CAddInProject::XmlFormsFolder() const
+{
+    return AddBackslash(Folder) + "xml/";
+}
+
+std::string CAddInProject::PicsSubfolderPath() const
+{
+    std::string path = AddBackslash(AddBackslash(Folder) + RemoveBackslash(PicsSubfolderName));
+    if (PicsSubfolderName.empty() || !FolderExists(path))
+        return AddBackslash(Folder) + "images/";
+    return path;
+}
+
+std::string CAddInProject::SourceProjectsList()
+{
+    if (!m_sourceProjectsListRead) {
+        m_sourceProjectsListRead = true;
+        if (CScrivServer* server = CurrentServer())
+            m_sourceProjectsList = Join(server->Agent().GetSourceProjectsList(), "|");
+    }
+    return m_sourceProjectsList;
+}
+
+void CAddInProject::RefreshSourceProjectsList()
+{
+    m_sourceProjectsList.clear();
+    m_sourceProjectsListRead = false;
+    SourceProjectsList();
+}
+
+}  // namespace scriv

@@ -1,0 +1,117 @@
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "foundation/KeyedCollection.h"
+#include "model/CHelpPrjTreeNode.h"
+
+namespace scriv {
+
+class ITreeView;
+
+// The contents tree of one help project: the root node, and a map of every node
+// by key (keys compare without regard to case and are unique in the tree).
+class CHelpPrjTree {
+public:
+    CHelpPrjTree();
+    ~CHelpPrjTree();
+    CHelpPrjTree(const CHelpPrjTree&) = delete;
+    CHelpPrjTree& operator=(const CHelpPrjTree&) = delete;
+
+    // --- loading ---
+    // Loads a tree from a project file or contents document (its Project element),
+    // or from xmlText when that is given. A document that does not parse is
+    // reported to the user with code, reason and file, and its code answered;
+    // the tree then stays empty. 0 on success.
+    std::uint32_t Load(const std::string& fullPath, bool newProject, const std::string& xmlText = {},
+        bool addControls = false);
+    // Clears root, map and the state flags.
+    void Reset();
+    // Ends the tree: empties the map, and unless kept, clears the root's children
+    // and terminates the root. Runs once.
+    void Terminate(bool keepChildren = false, bool keepRoot = false);
+
+    // --- nodes ---
+    CHelpPrjTreeNode* Root() const { return m_root.get(); }
+    // Makes a node the root; it enters the map.
+    CHelpPrjTreeNode* SetRoot(std::unique_ptr<CHelpPrjTreeNode> root);
+    // Hands the root over (a tree pasted from another).
+    std::unique_ptr<CHelpPrjTreeNode> ReleaseRoot();
+    // The node of a key, or nothing.
+    CHelpPrjTreeNode* MapItem(std::string_view key) const;
+    const KeyedCollection<CHelpPrjTreeNode*>& MapItems() const { return m_map; }
+    // Count of nodes below the root.
+    int NodesQty() const;
+
+    // Adds a node under parent. A key the map holds raises 0x80040001
+    // "Duplicate node key value '...'." unless resolveDuplicate, which appends
+    // 1, 2 ... 1000 to the key (0x80040002 when all are taken). The node goes
+    // after previous (before it with beforePrevious), else before next (after
+    // it with afterNext), else last; then into the map, with its descendants
+    // when addChildrenToMap.
+    CHelpPrjTreeNode* addItem(CHelpPrjTreeNode* parent, std::unique_ptr<CHelpPrjTreeNode> node, bool resolveDuplicate,
+        CHelpPrjTreeNode* previous = nullptr, CHelpPrjTreeNode* next = nullptr, bool addChildrenToMap = true,
+        bool beforePrevious = false, bool afterNext = false);
+    // Takes the node of a key out of its parent and the map, and hands it over
+    // (nothing when it has no parent).
+    std::unique_ptr<CHelpPrjTreeNode> RemoveItem(std::string_view key);
+    // A key for key that the map does not hold: key itself, or prefix + "." + key
+    // when key does not begin with prefix, else the numbered form of the bare key.
+    std::string GetNewKeyIfGivenExists(const std::string& key, const std::string& prefix) const;
+    // The first of key1 ... key1000 that is free, or "".
+    std::string FirstFreeNumberedKey(const std::string& key) const;
+
+    void AddToMap(CHelpPrjTreeNode* node);
+    void AddChildNodesToMap(CHelpPrjTreeNode* node);
+    void RemoveFromMap(CHelpPrjTreeNode* node);
+    void RemoveChildNodesFromMap(CHelpPrjTreeNode* node);
+
+    // --- lookups (names go through the object-name encoding first) ---
+    std::string GetNodeHtmlRef(std::string_view name, std::string_view tag) const;
+    std::string GetNodeHtmlFileNameNoExt(std::string_view name, std::string_view tag) const;
+    bool HtmlFileNameIsUsed(std::string_view nameNoExt) const;
+    // The generated pages of the whole tree.
+    std::vector<std::string> GetFilesHTMLCollection() const;
+    void Traverse(const std::function<void(CHelpPrjTreeNode&)>& visit, bool skipSerializerNodes);
+
+    // --- display ---
+    ITreeView* TreeView() const { return m_treeView; }
+    void DisplayInTreeview(ITreeView* view);
+    void Expand(const std::string& itemKey);
+    void Collapse(const std::string& itemKey);
+    // Insert (45) on the selected item toggles its Skipped mark.
+    int KeyDown(int keyCode, bool withChildren);
+    void SetNodeCaption(const std::string& key, const std::string& caption);
+    bool TopicSkipped(const std::string& key) const;
+
+    // --- state ---
+    std::string HTMLHelpProjectRootDir;
+    std::string HTMLHelpLoadedHHCFullPath;
+    bool NewHtmlHelpProject() const { return m_newHtmlHelpProject; }
+    void SetNewHtmlHelpProject(bool value) { m_newHtmlHelpProject = value; }
+    bool WasChanged() const { return m_wasChanged; }
+    void SetWasChanged(bool value) { m_wasChanged = value; }
+    bool Loaded() const { return m_loaded; }
+    float BuildTimeTotal { 0 };
+    float AddControlsTimeTotal { 0 };
+
+private:
+    std::uint32_t BuildXmlNodes(int level, std::shared_ptr<pugi::xml_document> document, pugi::xml_node element,
+        CHelpPrjTreeNode* parent, bool addControls);
+    bool SkipChildElement(const pugi::xml_node& child) const;
+
+    std::unique_ptr<CHelpPrjTreeNode> m_root;
+    KeyedCollection<CHelpPrjTreeNode*> m_map;
+    ITreeView* m_treeView { nullptr };
+    bool m_newHtmlHelpProject { false };
+    bool m_wasChanged { false };
+    bool m_loaded { false };
+    bool m_terminated { false };
+};
+
+}  // namespace scriv

@@ -1,0 +1,105 @@
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <string>
+#include <string_view>
+
+namespace scriv {
+
+class CAddInProject;
+class CRequestQueue;
+class CScrivActions;
+class CScrivServerAgent;
+class CScrivServerData;
+class CXmlMessages;
+
+// The one public entry of the program's logic. Every command reaches it first;
+// it keeps the state that decides what may run now (an open Help Editor or
+// wizard, a running generation) and hands the work to CScrivActions. Everything
+// it wants of the host goes out as an XML command through ScrivClientCallBack.
+class CScrivServer {
+public:
+    // The host's end of the protocol: takes a command's text, answers its reply.
+    using ClientCallBack = std::function<std::string(const std::string& command)>;
+
+    CScrivServer();
+    ~CScrivServer();
+    CScrivServer(const CScrivServer&) = delete;
+    CScrivServer& operator=(const CScrivServer&) = delete;
+
+    // --- life ---
+    // Becomes the current server unless one is, and makes actions and the queue.
+    std::uint32_t Connect();
+    // Ends everything in order: queue, data (generator, projects, trace, settings),
+    // actions, agent; then it is no longer the current server.
+    std::uint32_t Disconnect();
+    bool Connected() const { return m_connected; }
+
+    // The event by which commands reach the host.
+    void SetClientCallBack(ClientCallBack callBack) { m_clientCallBack = std::move(callBack); }
+
+    // --- user commands ---
+    std::uint32_t OpenNewProject();
+    // Queues "ReloadWizardForm"; the wizard is reopened 100 ms later.
+    std::uint32_t ReloadNewProject();
+    std::uint32_t OpenProject();
+
+    // --- services ---
+    // Sends a command to the host and answers the reply. While a generation is
+    // being stopped the host is not called and the reply carries RetValue "0".
+    std::string ExecuteCommand(const std::string& text);
+    // The override when not empty, else the name; with a suffix, "name_suffix";
+    // then made safe for a file name.
+    std::string GetComponentFileName(std::string_view name, std::string_view suffix = {},
+        std::string_view overrideName = {}) const;
+    std::string GetComponentFileNameWithPrefix(int objectType, std::string_view name, std::string_view suffix = {},
+        std::string_view overrideName = {});
+    void WriteTraceLogMessage(const std::string& text);
+    // Rotating copies z1_, z2_, z3_ beside a project file. Always true.
+    bool BackUpHelpProjectFile(const std::string& file);
+    // Whether a form of that name is loaded; minimised tells whether it is iconic.
+    bool FormIsLoaded(std::string_view formName, bool* minimised = nullptr) const;
+    void CloseFormsOnDisconnection();
+
+    CScrivServerData& Data() { return *m_data; }
+    bool HasData() const { return m_data != nullptr; }
+    CScrivServerAgent& Agent() { return *m_agent; }
+    CScrivActions& Actions() { return *m_actions; }
+    CRequestQueue* RequestQueue() { return m_requestQueue.get(); }
+
+private:
+    void HandleRequest(const std::string& request);
+    // The editor guard of both commands: true when the command may go on.
+    bool EditorGuard(const std::string& warning);
+
+    std::unique_ptr<CScrivServerData> m_data;
+    std::unique_ptr<CScrivActions> m_actions;
+    std::unique_ptr<CScrivServerAgent> m_agent;
+    std::unique_ptr<CRequestQueue> m_requestQueue;
+    ClientCallBack m_clientCallBack;
+    bool m_connected { false };
+};
+
+// --- module accessors ---
+// The current server, or nothing.
+CScrivServer* CurrentServer();
+void SetCurrentServer(CScrivServer* server);
+// The current help project of the current server's registry, or nothing.
+CAddInProject* CurrentAddInProject();
+// The message table of the current server, or nothing.
+CXmlMessages* CurrentMessages();
+
+// The one cancel flag of the system (false without a server).
+bool GenerationIsInterrupted();
+// Sets the cancel flag when 50 errors have been reported (and starts the count
+// again), or when the person asked to stop.
+void CheckGenerationInterrupt();
+// CheckGenerationInterrupt, then the flag.
+bool PollGenerationInterrupt();
+
+// The number of reported errors that stops a run.
+inline constexpr int kErrorsThatStopARun = 50;
+
+}  // namespace scriv

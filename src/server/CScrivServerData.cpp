@@ -1,0 +1,161 @@
+#include "server/CScrivServerData.h"
+
+#include "foundation/AppFolders.h"
+#include "foundation/CTraceLog.h"
+#include "foundation/CXmlMessages.h"
+#include "foundation/ErrorMessage.h"
+#include "foundation/IUserInterface.h"
+#include "foundation/ObjectNames.h"
+#include "foundation/Paths.h"
+#include "foundation/ScrivError.h"
+#include "foundation/StringUtil.h"
+#include "foundation/Version.h"
+#include "generation/CScrivant.h"
+#include "generation/CScrivantParameters.h"
+#include "model/CAddInProjects.h"
+#include "server/CScrivServer.h"
+#include "server/CScrivServerAgent.h"
+
+namespace scriv {
+
+CScrivServerData::CScrivServerData(CScrivServer& server)
+    : m_server(server)
+    , m_scriv(std::make_unique<CScrivant>())
+{
+}
+
+CScrivServerData::~CScrivServerData()
+{
+    Terminate();
+}
+
+std::string CScrivServerData::SettingsFilePath() const
+{
+    return Folders().SettingsFolder() + kProgramBaseName + "Settings.xml";
+}
+
+std::string CScrivServerData::ProjectsFilePath() const
+{
+    return Folders().UserDataFolder() + kProgramBaseName + "Projects.xml";
+}
+
+void CScrivServerData::LoadSettings(bool force)
+{
+    if (force && m_projects)
+        return;
+    ++m_loadDepth;
+    if (!m_loading) {
+        m_loading = true;
+        std::string messagesPath = FindMessagesFile(Folders().TemplatesRoot(), Parameters().Language);
+        Trace("Settings = " + SettingsFilePath() + ", " + "Projects = " + ProjectsFilePath() + ", " + "Messages = "
+            + messagesPath);
+        m_messages = std::make_unique<CXmlMessages>();
+        if (FileExists(messagesPath)) {
+            ErrorFrame("CScrivServerData.LoadSettings", [&] { m_messages->Load(messagesPath); });
+        }
+        if (!m_projects)
+            m_projects = std::make_unique<CAddInProjects>();
+        m_loading = false;
+    }
+    --m_loadDepth;
+}
+
+CAddInProjects& CScrivServerData::Projects()
+{
+    if (!m_projects)
+        m_projects = std::make_unique<CAddInProjects>();
+    return *m_projects;
+}
+
+CTraceLog& CScrivServerData::TraceLog()
+{
+    return scriv::TraceLog();
+}
+
+CXmlMessages& CScrivServerData::Messages()
+{
+    if (!m_messages)
+        m_messages = std::make_unique<CXmlMessages>();
+    return *m_messages;
+}
+
+void CScrivServerData::ProgressBarInit(const std::string& text, int maximum)
+{
+    m_progressShown = true;
+    m_lastProgress = text;
+    UserInterface().ProgressInit(text, maximum);
+}
+
+void CScrivServerData::ProgressBarUpdate(const std::string& text, int value)
+{
+    if (!text.empty())
+        m_lastProgress = text;
+    UserInterface().ProgressUpdate(text, value);
+    // The Cancel of the progress window is the person's way to stop a run.
+    if (UserInterface().CancelRequested())
+        GenerationInterrupted = true;
+}
+
+void CScrivServerData::ProgressBarDispose()
+{
+    if (m_progressShown)
+        UserInterface().ProgressDispose();
+    m_progressShown = false;
+}
+
+bool CScrivServerData::IsMSAccessDbOpened()
+{
+    CScrivServerAgent& agent = m_server.Agent();
+    if (!EqualsNoCase(agent.CurrentSourceProjectTypeName(), "MS ACCESS"))
+        return true;
+    return !agent.CurrentSourceProjectFullPath().empty();
+}
+
+void CScrivServerData::Terminate()
+{
+    if (m_terminated)
+        return;
+    m_terminated = true;
+    auto report = [](const char* field, bool empty) {
+        Trace(std::string(field) + " is Nothing = " + (empty ? "True" : "False"));
+    };
+    report("mobjScriv", m_scriv == nullptr);
+    if (m_scriv) {
+        m_scriv->Terminate();
+        m_scriv.reset();
+    }
+    report("mobjProjects", m_projects == nullptr);
+    m_projects.reset();
+    report("mobjTraceLog", false);
+    ReleaseTraceLog();
+    m_messages.reset();
+}
+
+std::string CScrivServerData::NewScrivProjectName()
+{
+    std::string name = FileBaseName(m_server.Agent().CurrentSourceProjectFullPath());
+    if (!name.empty())
+        return GetComponentFileName(name);
+    CAddInProject* project = m_projects ? m_projects->CurrentProject() : nullptr;
+    if (!project)
+        return {};
+    return FileNameOf(RemoveBackslash(project->Name));
+}
+
+std::string CScrivServerData::NewScrivProjectTitle()
+{
+    std::string title = NewScrivProjectName();
+    CAddInProject* project = m_projects ? m_projects->CurrentProject() : nullptr;
+    if (project && !project->Title().empty())
+        title = project->Title();
+    return title;
+}
+
+int CScrivServerData::HostAppMainWindowHWnd()
+{
+    if (m_hostAppMainWindowHWnd == 0)
+        m_hostAppMainWindowHWnd = m_server.Agent().HostAppMainWindowHWnd();
+    return m_hostAppMainWindowHWnd;
+}
+
+}  // namespace scriv
