@@ -89,10 +89,14 @@ int RunGenerateFromContents(const GlobalOptions& global, const GenerateOptions& 
     std::string name = DefaultProjectName(options, tree);
     parameters.SetFolderForGeneratedHelp(out);
     parameters.SetHelpProjectName(name);
-    if (!options.title.empty())
-        parameters.SetHelpProjectTitle(options.title);
+    std::string title = options.title.empty() ? name : options.title;
+    if (parameters.ApplicationNameStr.empty())
+        parameters.ApplicationNameStr = title;
+    parameters.SetHelpProjectTitle(title);
     if (parameters.Charset.empty())
         parameters.Charset = "utf-8";
+    if (parameters.CSSFullPath().empty())
+        parameters.SetCSSFullPath("Office10.css");
     if (!MakeFolders(out)) {
         std::cerr << "scrivant: the folder '" << out << "' cannot be created.\n";
         return exitcode::kFailed;

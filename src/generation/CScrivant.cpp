@@ -278,7 +278,8 @@ bool CScrivant::ProcessHelpTreeAndGenerateHelp1(int level, CHelpPrjTreeNode& par
             break;
 
         ErrorFrame("CScrivant.ProcessHelpTreeAndGenerateHelp1", [&] {
-            if (processcode::IsListCode(child->ProcessCode()) && !child->TemplateHtmlFile().empty())
+            bool writesPage = !child->HasSerializer() && !child->Skipped();
+            if (writesPage && processcode::IsListCode(child->ProcessCode()) && !child->TemplateHtmlFile().empty())
                 WriteListPage(*child);
             std::string page = child->GeneratedHTMLFileFullPath();
             if (!page.empty() && FileExists(page))
@@ -368,7 +369,7 @@ void CScrivant::WriteListPage(CHelpPrjTreeNode& node)
     std::string css = node.CSSFullPath().empty() ? parameters.CSSFullPath() : node.CSSFullPath();
     std::string charset = node.Charset().empty() ? parameters.Charset : node.Charset();
     std::vector<std::string> replacements = {
-        "{{StyleSheetLinkHtml}}|" + StyleSheetLinkHtml(css.empty() ? std::string() : FileNameOf(css)),
+        "{{StyleSheetLinkHtml}}|" + StyleSheetLinkHtml(StyleSheetHref(css, FolderOf(node.GeneratedHTMLFileFullPath()))),
         "{{charset}}|" + charset,
         "{{HtmlPageTitle}}|" + node.Caption(),
         "{{HtmlTopicCaption}}|" + node.Caption(),
@@ -484,6 +485,8 @@ void CScrivant::ProcessHelpTreeAndGenerateHelp2(CHelpPrjTreeNode& root, bool reg
             + "TOC.htm";
         std::string toc = "<UL>" + root.ContentsHTML(1, true) + "</UL>" + kCrLfText;
         contents.HTML = ReplaceAllNoCase(contents.HTML, "{{TOC}}", toc);
+        contents.Charset = parameters.Charset;
+        contents.CSSFullPath = parameters.CSSFullPath();
         if (CXmlMessages* messages = CurrentMessages())
             contents.HTML = messages->ReplaceParameters(contents.HTML);
         contents.Save(target);

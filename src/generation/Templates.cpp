@@ -81,6 +81,16 @@ std::string StyleSheetLinkHtml(std::string_view styleSheetPath)
     return "<link href=\"" + std::string(styleSheetPath) + "\" type=\"text/css\" rel=\"stylesheet\">";
 }
 
+std::string StyleSheetHref(std::string_view styleSheetPath, std::string_view pageFolder)
+{
+    if (styleSheetPath.empty())
+        return {};
+    if (pageFolder.empty() || !IsAbsolutePath(styleSheetPath))
+        return FileNameOf(styleSheetPath);
+    std::string relative = SetRelativePath(styleSheetPath, pageFolder);
+    return relative.empty() ? FileNameOf(styleSheetPath) : relative;
+}
+
 std::string EscapeHtmlEntities(std::string_view text, bool strip)
 {
     std::string out;

@@ -39,6 +39,10 @@ std::string ReplaceTagsAndCopy(std::string_view sourcePath, std::string_view tar
 // <link href="path" type="text/css" rel="stylesheet">, or "" for an empty path.
 std::string StyleSheetLinkHtml(std::string_view styleSheetPath);
 
+// The href of a style sheet as seen from a page's folder: relative where it
+// can be, else the file name.
+std::string StyleSheetHref(std::string_view styleSheetPath, std::string_view pageFolder);
+
 // Keeps an "&" only where HTML Help shows it as text: last, or before "&" or "#";
 // a doubled one is doubled again. With strip, "&#38;" is taken out where no other
 // follows.

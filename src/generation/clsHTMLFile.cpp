@@ -75,7 +75,7 @@ std::string clsHTMLFile::Render() const
     if (FindNoCase(text, "<h1>") != std::string::npos)
         ReplaceBetween(text, "<h1>", "</h1>", parameters.ReplaceTags(Caption));
     text = ReplaceAllNoCase(text, "{{charset}}", Charset);
-    std::string link = StyleSheetLinkHtml(CSSFullPath);
+    std::string link = StyleSheetLinkHtml(StyleSheetHref(CSSFullPath, FolderOf(m_fullPath)));
     if (!ZoomFactor.empty()) {
         link = "<style type=\"text/css\" media=\"screen\">body {zoom: " + ZoomFactor + "}</style>" + std::string(kCrLf)
             + link;

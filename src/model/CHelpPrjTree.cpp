@@ -284,6 +284,13 @@ void CHelpPrjTree::AddToMap(CHelpPrjTreeNode* node)
 void CHelpPrjTree::AddChildNodesToMap(CHelpPrjTreeNode* node)
 {
     for (const auto& child : node->ChildNodes()) {
+        // Every node of the tree must be reachable by a key of its own.
+        if (MapItem(child->Key()) && MapItem(child->Key()) != child.get()) {
+            std::string fresh = FirstFreeNumberedKey(child->Key());
+            if (fresh.empty())
+                Raise(status::kSecondFailure, "CHelpPrjTree.AddItem", "Duplicate node key value '" + child->Key() + "'.");
+            child->SetKey(fresh);
+        }
         AddToMap(child.get());
         AddChildNodesToMap(child.get());
     }

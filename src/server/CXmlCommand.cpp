@@ -24,6 +24,10 @@ std::string EscapeXmlText(std::string_view text)
         case '>':
             out += "&gt;";
             break;
+        case '\r':
+            // A parser folds line ends; a reference keeps the CR.
+            out += "&#13;";
+            break;
         default:
             out += c;
         }

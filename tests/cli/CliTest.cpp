@@ -1,0 +1,102 @@
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <string>
+#include <vector>
+
+#include "foundation/Paths.h"
+#include "foundation/System.h"
+#include "support/TestSupport.h"
+
+namespace scriv {
+namespace {
+
+// Runs the built program with a user data folder of the test's own and answers
+// its exit code; output (stdout and stderr) goes to output.
+int RunProgram(std::vector<std::string> arguments, std::string& output, const std::string& dataFolder = {})
+{
+    std::vector<std::string> argv { std::string(SCRIVANT_BINARY_DIR) + "/bin/scrivant" };
+    if (!dataFolder.empty()) {
+        argv.push_back("--data");
+        argv.push_back(dataFolder);
+    }
+    argv.insert(argv.end(), arguments.begin(), arguments.end());
+    return ShellAndWait(argv, &output);
+}
+
+std::string DefaultContents()
+{
+    return test::SourceDataFolder() + "Templates/Parameterized/ScrivantContents.xml";
+}
+
+TEST(Cli, PrintsItsVersionAndHelp)
+{
+    std::string output;
+    EXPECT_EQ(RunProgram({ "--version" }, output), 0);
+    EXPECT_EQ(output, "Scrivant 0.1.0\n");
+    EXPECT_EQ(RunProgram({ "--help" }, output), 0);
+    EXPECT_NE(output.find("generate"), std::string::npos);
+    EXPECT_NE(output.find("--home"), std::string::npos);
+    EXPECT_EQ(RunProgram({ "generate", "--help" }, output), 0);
+    EXPECT_NE(output.find("--contents"), std::string::npos);
+    EXPECT_NE(output.find("--out"), std::string::npos);
+}
+
+TEST(Cli, BadUsageEndsWithCodeTwo)
+{
+    std::string output;
+    EXPECT_EQ(RunProgram({ "generate", "--out", "/tmp/x" }, output), 2);
+    EXPECT_NE(output.find("--contents is required"), std::string::npos) << output;
+    EXPECT_EQ(RunProgram({ "--no-such-option" }, output), 2);
+    EXPECT_EQ(RunProgram({ "--home", "/no/such/folder", "generate", "--contents", "a", "--out", "b" }, output), 2);
+}
+
+TEST(Cli, GeneratesThePlainTopicsOfTheDefaultContents)
+{
+    test::TempFolder data;
+    test::TempFolder out;
+    std::string output;
+    ASSERT_EQ(RunProgram({ "generate", "--contents", DefaultContents(), "--out", out.Path(), "--name", "Orders", "--title",
+                    "Order Desk" },
+                  output, data.Path()),
+        0)
+        << output;
+    for (const char* page : { "Welcome.htm", "Dialogs.htm", "Copyright.htm", "OrdersTOC.htm" }) {
+        ASSERT_TRUE(FileExists(out / page)) << page;
+        EXPECT_EQ(out.Read(page).find("{{"), std::string::npos) << page;
+    }
+    EXPECT_NE(out.Read("Welcome.htm").find("<title>Order Desk</title>"), std::string::npos);
+    EXPECT_NE(output.find("2 new help pages"), std::string::npos) << output;
+    EXPECT_NE(output.find("Processing TOC"), std::string::npos) << output;
+}
+
+TEST(Cli, AContentsDocumentThatDoesNotParseIsReportedAndNothingIsWritten)
+{
+    test::TempFolder data;
+    test::TempFolder work;
+    std::string contents = work.Write("broken.xml", "<ScrivProject>\n<Project>\n<Topic>\n</Project>");
+    std::string out = work / "out";
+    std::string output;
+    EXPECT_EQ(RunProgram({ "generate", "--contents", contents, "--out", out }, output, data.Path()), 1);
+    EXPECT_NE(output.find("0xC00CE5"), std::string::npos) << output;
+    EXPECT_NE(output.find("line 4"), std::string::npos) << output;
+    EXPECT_NE(output.find(contents), std::string::npos) << output;
+    EXPECT_FALSE(FolderExists(out));
+}
+
+TEST(Cli, TheUsersHomeIsLeftAloneWhenADataFolderIsGiven)
+{
+    test::TempFolder home;
+    test::TempFolder data;
+    test::TempFolder out;
+    std::string output;
+    std::vector<std::string> argv { "env", "HOME=" + home.Path(), "XDG_DATA_HOME=",
+        std::string(SCRIVANT_BINARY_DIR) + "/bin/scrivant", "--data", data.Path(), "generate", "--contents",
+        DefaultContents(), "--out", out.Path() };
+    ASSERT_EQ(ShellAndWait(argv, &output), 0) << output;
+    EXPECT_TRUE(std::filesystem::is_empty(home.Path()));
+    EXPECT_TRUE(FolderExists(data / "Settings"));
+}
+
+}  // namespace
+}  // namespace scriv
