@@ -251,10 +251,11 @@ void ConsoleUserInterface::DrawProgress()
         m_progressShown = true;
         return;
     }
-    // A log file wants a line per step, not one per tick.
+    // A log file wants a line per step, not one per tick; the counts of a
+    // step's first moment would only mislead there.
     if (m_progressText == m_lastPrintedText)
         return;
-    m_out << ForTerminal(m_progressText) << counts << std::endl;
+    m_out << ForTerminal(m_progressText) << std::endl;
     m_lastPrintedText = m_progressText;
 }
 

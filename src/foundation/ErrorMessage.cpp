@@ -48,14 +48,15 @@ std::string SourceText(std::string_view source, std::string_view procedure)
     return std::string(source) + "." + std::string(procedure);
 }
 
-std::string BoxText(std::string_view description, std::string_view source, std::string_view procedure)
+// What the box shows: the description, then the code and where it arose.
+std::string BoxText(std::uint32_t number, std::string_view description, std::string_view source,
+    std::string_view procedure)
 {
-    std::string text(description);
-    if (!text.empty())
-        text += std::string(kCrLf) + std::string(kCrLf);
-    if (!source.empty() || !procedure.empty())
-        text += std::string(kCrLf) + " in " + SourceText(source, procedure);
-    return text.empty() ? std::string("Error") : text;
+    std::string place = SourceText(source, procedure);
+    std::string line = FormatCode(number) + (place.empty() ? std::string() : " in " + place);
+    if (description.empty())
+        return line;
+    return std::string(description) + std::string(kCrLf) + std::string(kCrLf) + line;
 }
 
 std::string MailBody(const std::string& report)
@@ -117,7 +118,7 @@ int rErrorMessage(std::uint32_t number, long line, std::string_view description,
     std::string_view procedure, bool showMail)
 {
     ++g_errorCounter;
-    std::string text = BoxText(description, source, procedure);
+    std::string text = BoxText(number, description, source, procedure);
     std::string boxTitle = "Error: " + TitleAndVersion();
     std::string boxSource = "mErrorMessage.rErrorMessage";
     const ReportSettings& settings = Settings();

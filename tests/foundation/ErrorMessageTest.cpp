@@ -26,7 +26,7 @@ TEST_F(ErrorReports, RaisedErrorIsReportedCountedAndAnsweredWithItsCode)
     const MessageBoxRequest& box = m_ui->MessageBoxes()[0];
     EXPECT_EQ(box.flags, 16);
     EXPECT_EQ(box.title, "Error: " + kVersionedTitle);
-    EXPECT_EQ(box.text, "The folder is refused.\r\n\r\n\r\n in CScrivActions.CheckTarget");
+    EXPECT_EQ(box.text, "The folder is refused.\r\n\r\n0x80040065 in CScrivActions.CheckTarget");
     EXPECT_NE(ErrorTraceText().find("0x80040065 in CScrivActions.CheckTarget: The folder is refused."), std::string::npos)
         << ErrorTraceText();
     EXPECT_NE(TraceText().find("0x80040065"), std::string::npos);
@@ -40,8 +40,8 @@ TEST_F(ErrorReports, OtherExceptionsAreGeneralFailuresOfTheFrame)
     EXPECT_EQ(second, status::kGeneralFailure);
     EXPECT_EQ(ErrorCounter(), 2);
     ASSERT_EQ(m_ui->MessageBoxes().size(), 2u);
-    EXPECT_EQ(m_ui->MessageBoxes()[0].text, "bad attribute\r\n\r\n\r\n in CXmlForm.LoadXml");
-    EXPECT_EQ(m_ui->MessageBoxes()[1].text, "Unknown failure\r\n\r\n\r\n in Lonely");
+    EXPECT_EQ(m_ui->MessageBoxes()[0].text, "bad attribute\r\n\r\n0x80040001 in CXmlForm.LoadXml");
+    EXPECT_EQ(m_ui->MessageBoxes()[1].text, "Unknown failure\r\n\r\n0x80040001 in Lonely");
 }
 
 TEST_F(ErrorReports, ErrorWithoutSourceTakesTheFrames)
@@ -91,7 +91,7 @@ TEST_F(ErrorReports, CallersThatCatchReportTheSameWay)
     ScrivError error(status::kThirdFailure, "CXmlMessages.Load", "not XML");
     EXPECT_EQ(ReportError(error), status::kThirdFailure);
     ASSERT_EQ(m_ui->MessageBoxes().size(), 1u);
-    EXPECT_EQ(m_ui->MessageBoxes()[0].text, "not XML\r\n\r\n\r\n in CXmlMessages.Load");
+    EXPECT_EQ(m_ui->MessageBoxes()[0].text, "not XML\r\n\r\n0x80040003 in CXmlMessages.Load");
     EXPECT_EQ(ErrorCounter(), 1);
 }
 
@@ -101,8 +101,8 @@ TEST_F(ErrorReports, ReportTextAndBoxTextEdges)
     rErrorMessage(0x80040001, 0, "", "", "", false);
     rErrorMessage(0x80040001, 0, "", "mMain", "", false);
     ASSERT_EQ(m_ui->MessageBoxes().size(), 2u);
-    EXPECT_EQ(m_ui->MessageBoxes()[0].text, "Error");
-    EXPECT_EQ(m_ui->MessageBoxes()[1].text, "\r\n in mMain");
+    EXPECT_EQ(m_ui->MessageBoxes()[0].text, "0x80040001");
+    EXPECT_EQ(m_ui->MessageBoxes()[1].text, "0x80040001 in mMain");
     EXPECT_EQ(ErrorCounter(), 2);
 }
 
