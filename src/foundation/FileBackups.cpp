@@ -3,8 +3,11 @@
 #include <cstdio>
 #include <ctime>
 
+#include "foundation/IUserInterface.h"
+#include "foundation/MsgBox.h"
 #include "foundation/Paths.h"
 #include "foundation/ScrivError.h"
+#include "foundation/StringUtil.h"
 
 namespace scriv {
 
@@ -81,6 +84,29 @@ bool RotateBackups(std::string_view path)
     CopyOrRaise(FileExists(second) ? second : first, third);
     CopyOrRaise(first, second);
     CopyOrRaise(file, first);
+    return true;
+}
+
+bool ReplaceFileSafely(const std::string& path, const std::function<void()>& write)
+{
+    std::string backup;
+    if (FileExists(path)) {
+        backup = BackupFileName(path);
+        if (!RenameFile(path, backup))
+            backup.clear();
+    }
+    write();
+    if (!FileExists(path)) {
+        std::string message = "Can't save file '" + path + "'.";
+        if (!backup.empty() && FileExists(backup)) {
+            RenameFile(backup, path);
+            message += std::string(kCrLf) + "The original file is restored.";
+        }
+        MsgBox(message, msgbox::kExclamation, "");
+        return false;
+    }
+    if (!backup.empty())
+        DeleteFileIfExists(backup);
     return true;
 }
 

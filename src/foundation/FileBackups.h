@@ -1,6 +1,7 @@
 #pragma once
 
 #include <chrono>
+#include <functional>
 #include <string>
 #include <string_view>
 
@@ -26,5 +27,11 @@ std::string RotatingBackupName(std::string_view path, int generation);
 // the last three different versions. Answers true; raises ScrivError
 // (0x80040001) when a copy cannot be written.
 bool RotateBackups(std::string_view path);
+
+// Replaces a file in the way that loses nothing: the file is first moved aside
+// to its backup name, then write runs. When the file is not there afterwards
+// the person is told "Can't save file '...'.", the original comes back, and
+// the answer is false; otherwise the backup is deleted.
+bool ReplaceFileSafely(const std::string& path, const std::function<void()>& write);
 
 }  // namespace scriv

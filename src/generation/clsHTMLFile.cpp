@@ -2,9 +2,7 @@
 
 #include "foundation/CUTF8File.h"
 #include "foundation/CXmlMessages.h"
-#include "foundation/DateTime.h"
 #include "foundation/FileBackups.h"
-#include "foundation/MsgBox.h"
 #include "foundation/Paths.h"
 #include "foundation/ScrivError.h"
 #include "foundation/StringUtil.h"
@@ -105,27 +103,14 @@ std::uint32_t clsHTMLFile::Save(std::string_view path)
     if (m_fullPath.empty())
         return status::kGeneralFailure;
 
-    std::string backup;
-    if (FileExists(m_fullPath)) {
-        backup = BackupFileName(m_fullPath);
-        if (!RenameFile(m_fullPath, backup))
-            backup.clear();
-    }
-    CUTF8FileWriter writer;
-    writer.AddText(Render());
-    writer.SaveFile(m_fullPath);
-
-    if (!FileExists(m_fullPath)) {
-        std::string message = "Can't save file '" + m_fullPath + "'.";
-        if (!backup.empty() && FileExists(backup)) {
-            RenameFile(backup, m_fullPath);
-            message += std::string(kCrLf) + "The original file is restored.";
-        }
-        MsgBox(message, 48, "");
+    std::string text = Render();
+    bool saved = ReplaceFileSafely(m_fullPath, [&] {
+        CUTF8FileWriter writer;
+        writer.AddText(text);
+        writer.SaveFile(m_fullPath);
+    });
+    if (!saved)
         return status::kGeneralFailure;
-    }
-    if (!backup.empty())
-        DeleteFileIfExists(backup);
     return status::kOk;
 }
 

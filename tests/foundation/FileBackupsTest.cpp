@@ -5,6 +5,7 @@
 #include "foundation/FileBackups.h"
 #include "foundation/Paths.h"
 #include "foundation/ScrivError.h"
+#include "ReportingFixture.h"
 #include "support/TestSupport.h"
 
 namespace scriv {
@@ -106,6 +107,33 @@ TEST_F(RotatingBackups, ACopyThatCannotBeWrittenRaises)
     EXPECT_THROW(RotateBackups(m_file), ScrivError);
     // The file itself is never touched.
     EXPECT_EQ(m_folder.Read("Help.hhc"), "version 2");
+}
+
+}  // namespace
+}  // namespace scriv
+
+namespace scriv {
+namespace {
+
+class SafeReplacement : public test::ReportingFixture { };
+
+TEST_F(SafeReplacement, TheOldFileGoesOnlyWhenTheNewOneIsThere)
+{
+    std::string path = m_data.Write("page.htm", "old");
+    EXPECT_TRUE(ReplaceFileSafely(path, [&] { m_data.Write("page.htm", "new"); }));
+    EXPECT_EQ(m_data.Read("page.htm"), "new");
+    EXPECT_EQ(ListFiles(m_data.Path(), "page*"), (std::vector<std::string> { "page.htm" }));
+    EXPECT_TRUE(m_ui->MessageBoxes().empty());
+}
+
+TEST_F(SafeReplacement, AFailedWriteBringsTheOriginalBackAndSaysSo)
+{
+    std::string path = m_data.Write("page.htm", "old");
+    EXPECT_FALSE(ReplaceFileSafely(path, [] {}));
+    EXPECT_EQ(m_data.Read("page.htm"), "old");
+    ASSERT_EQ(m_ui->MessageBoxes().size(), 1u);
+    EXPECT_EQ(m_ui->MessageBoxes()[0].text, "Can't save file '" + path + "'.\r\nThe original file is restored.");
+    EXPECT_EQ(m_ui->MessageBoxes()[0].flags, 48);
 }
 
 }  // namespace
