@@ -10,6 +10,7 @@
 #include "foundation/ScrivError.h"
 #include "foundation/StringUtil.h"
 #include "generation/CScrivantParameters.h"
+#include "model/CHelpPrjCheckSums.h"
 #include "model/ITreeView.h"
 
 namespace scriv {

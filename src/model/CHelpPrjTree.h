@@ -12,6 +12,9 @@
 
 namespace scriv {
 
+class CHelpPrjCheckSums;
+class CHelpPrjFileCheckSum;
+class IClassFactory;
 class ITreeView;
 
 // The contents tree of one help project: the root node, and a map of every node
@@ -79,6 +82,33 @@ public:
     std::vector<std::string> GetFilesHTMLCollection() const;
     void Traverse(const std::function<void(CHelpPrjTreeNode&)>& visit, bool skipSerializerNodes);
 
+    // --- the project file ---
+    // Writes the project file: the nodes (XMLSTr of the root, serializer nodes
+    // left out when asked, extraRootAttributes put into the root's first line)
+    // and the settings block. 0 on success; a failed write is traced with the
+    // whole text and raised (source "SaveXML.CHelpPrjTree").
+    std::uint32_t SaveXml(const std::string& path, bool excludeSerializerNodes, const std::string& extraRootAttributes);
+    // The root's XMLSTr(1, excludeSerializerNodes, true, false, extra), or "".
+    std::string GetXMLStr(bool excludeSerializerNodes, const std::string& extraRootAttributes) const;
+
+    // --- checksums of the pages ---
+    // The store of the current project, initialised on first use (not in run-time mode).
+    CHelpPrjCheckSums& CheckSums();
+    std::uint32_t SaveCheckSums(bool keepPrevious);
+    CHelpPrjFileCheckSum* GetCheckSumObject(const std::string& fullPath, bool recompute);
+
+    // --- expansion and generation options ---
+    // Replaces every node that has a serializer by one node per object it
+    // yields, added behind it; the serializer node is marked skipped.
+    void ExpandSerializerNodes(IClassFactory& factory);
+    // Sets the generation options of the object groups from the group pages'
+    // skipped marks.
+    void SetGroupFlagsFromTree();
+    // Whether a node's template is one of the eight group templates.
+    static bool IsGroupTemplate(const CHelpPrjTreeNode& node);
+    // Every node tagged Form, Report, Table, Query, Macro, Worksheet or Chart.
+    std::vector<CHelpPrjTreeNode*> ObjectNodes() const;
+
     // --- display ---
     ITreeView* TreeView() const { return m_treeView; }
     void DisplayInTreeview(ITreeView* view);
@@ -106,6 +136,7 @@ private:
     bool SkipChildElement(const pugi::xml_node& child) const;
 
     std::unique_ptr<CHelpPrjTreeNode> m_root;
+    std::unique_ptr<CHelpPrjCheckSums> m_checkSums;
     KeyedCollection<CHelpPrjTreeNode*> m_map;
     ITreeView* m_treeView { nullptr };
     bool m_newHtmlHelpProject { false };

@@ -14,6 +14,7 @@
 namespace scriv {
 
 class CHelpPrjTree;
+class IClassFactory;
 class ITreeView;
 
 // Object types of a node and of the application objects.
@@ -235,6 +236,24 @@ public:
     void GetHtmlFilesCollection(std::vector<std::string>& paths, std::vector<std::string>& keys) const;
     // Depth first, parents before children.
     void Traverse(const std::function<void(CHelpPrjTreeNode&)>& visit, bool skipSerializerNodes);
+
+    // --- the project file ---
+    // The node as an element of the project file, with its children when
+    // recursive; nothing for control and menu nodes, nor (with
+    // excludeSerializerNodes) for a node with a serializer.
+    std::string XMLSTr(int level, bool excludeSerializerNodes, bool recursive, bool withHeader,
+        const std::string& extraAttributes);
+    // The index keywords as " Indexes = "..." " chunks of about 80 characters.
+    std::string IndexesXmlStr() const;
+
+    // --- expansion ---
+    // Expands this node's serializer (Part of CHelpPrjTree::ExpandSerializerNodes).
+    void ExpandSerializerNodes(IClassFactory& factory, CHelpPrjTree& tree);
+    // Children captioned Reports, Forms or Dialogs take the code (unless -1),
+    // recursively.
+    void SetFormsReportsProcessCode(int code);
+    // Each child with a name shows its name (or its caption) in the tree view.
+    void SwitchNameCaption(bool useName);
 
     // The nested list of the browser contents page.
     std::string ContentsHTML(int level, bool excludeControls) const;

@@ -1,0 +1,62 @@
+#pragma once
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "foundation/KeyedCollection.h"
+
+namespace scriv {
+
+// One documented object of an application project.
+class CHelpPrjSourceItem {
+public:
+    // "Form", "Report", "Table", "Query", "Macro", "Worksheet", "Chart".
+    std::string SubType;
+    std::string BaseFolder;
+    std::string ProjectName;
+    std::string RelativePath;
+    std::string BuildAction { "Compile" };
+    std::string Link;
+    std::string FormName;
+    std::string FormCaption;
+    // "UserControl", "UserDocument" or "" for a plain form.
+    std::string GUIObjectSubType;
+    bool Skipped { false };
+    bool IsVSProjectItem { false };
+
+    // FormName made safe as a file name.
+    std::string FormNameNormalized() const;
+    // The object type code of the item's kind.
+    int ObjectType() const;
+    void Terminate() { }
+};
+
+using SourceItems = KeyedCollection<std::unique_ptr<CHelpPrjSourceItem>>;
+
+// An application project as the generator sees it: its objects by kind.
+class IHelpPrjSourceProject {
+public:
+    virtual ~IHelpPrjSourceProject() = default;
+
+    virtual bool init(const std::string& projectFullPath, const std::string& typeName) = 0;
+    virtual void Terminate() = 0;
+    virtual bool IsValid() const = 0;
+    virtual std::string ProjectType() const = 0;
+    virtual std::string Name() const = 0;
+    virtual bool IsProjectGroup() const = 0;
+
+    virtual SourceItems& Forms() = 0;
+    virtual bool CouldHaveReports() const = 0;
+    virtual SourceItems& Reports() = 0;
+    virtual bool CouldHaveTables() const = 0;
+    virtual SourceItems& Tables() = 0;
+    virtual bool CouldHaveQueries() const = 0;
+    virtual SourceItems& Queries() = 0;
+    virtual bool CouldHaveMacros() const = 0;
+    virtual SourceItems& Macros() = 0;
+    virtual SourceItems& Worksheets() = 0;
+    virtual SourceItems& Charts() = 0;
+};
+
+}  // namespace scriv
