@@ -13,6 +13,7 @@
 #include "generation/CScrivant.h"
 #include "generation/CScrivantParameters.h"
 #include "model/CAddInProjects.h"
+#include "model/CAddInSettingsXmlFile.h"
 #include "server/CScrivServer.h"
 #include "server/CScrivServerAgent.h"
 
@@ -58,6 +59,22 @@ void CScrivServerData::LoadSettings(bool force)
         m_loading = false;
     }
     --m_loadDepth;
+}
+
+CAddInSettingsXmlFile& CScrivServerData::GetSettings()
+{
+    if (!m_settings)
+        m_settings = std::make_unique<CAddInSettingsXmlFile>(Parameters());
+    return *m_settings;
+}
+
+std::uint32_t CScrivServerData::ReLoadSettings(const std::string& path, bool fromProjectFile)
+{
+    std::uint32_t result = GetSettings().Load(path, fromProjectFile);
+    // The trace follows the settings' wish for detail.
+    TraceLog().SetVerbose(Parameters().VerboseTracing);
+    TraceLog().SetRotationHeld(Parameters().AutomatedTestModeOn);
+    return result;
 }
 
 CAddInProjects& CScrivServerData::Projects()
@@ -128,6 +145,7 @@ void CScrivServerData::Terminate()
     m_projects.reset();
     report("mobjTraceLog", false);
     ReleaseTraceLog();
+    m_settings.reset();
     m_messages.reset();
 }
 

@@ -9,6 +9,7 @@
 namespace scriv {
 
 class CAddInProjects;
+class CAddInSettingsXmlFile;
 class CScrivServer;
 class CScrivant;
 class CTraceLog;
@@ -29,6 +30,12 @@ public:
     std::string SettingsFilePath() const;
     // The path of the project registry in the user data folder.
     std::string ProjectsFilePath() const;
+
+    // The settings store, made on first use (loaded by LoadSettings).
+    CAddInSettingsXmlFile& GetSettings();
+    // Reads a settings file (or a project file's settings) into the store and
+    // the parameters. 0, or the code of the failure that was reported.
+    std::uint32_t ReLoadSettings(const std::string& path, bool fromProjectFile);
 
     CAddInProjects& Projects();
     bool HasProjects() const { return m_projects != nullptr; }
@@ -61,6 +68,7 @@ public:
 private:
     CScrivServer& m_server;
     std::unique_ptr<CAddInProjects> m_projects;
+    std::unique_ptr<CAddInSettingsXmlFile> m_settings;
     std::unique_ptr<CScrivant> m_scriv;
     std::unique_ptr<CXmlMessages> m_messages;
     CScrivStats m_stats;
