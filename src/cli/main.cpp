@@ -3,6 +3,7 @@
 #include <CLI/CLI.hpp>
 
 #include "cli/CliSession.h"
+#include "cli/ProjectCommands.h"
 #include "foundation/EventLoop.h"
 #include "foundation/Version.h"
 
@@ -33,6 +34,24 @@ int main(int argc, char** argv)
     generateCommand->add_option("--name", generate.name, "Name of the help project");
     generateCommand->add_option("--title", generate.title, "Title of the help");
 
+    CLI::App* projectsCommand = app.add_subcommand("projects", "List the registered help projects");
+
+    std::string openFile;
+    std::string openHost;
+    CLI::App* openCommand = app.add_subcommand("open", "Open a help project and print its contents tree");
+    openCommand->add_option("project", openFile, "The project file (.svp)")->required();
+    openCommand->add_option("--host", openHost, "XML description of the source projects, in place of a development environment");
+
+    std::string getOption;
+    std::string setOption;
+    CLI::App* settingsCommand = app.add_subcommand("settings", "Show or change the program's settings");
+    auto* getFlag = settingsCommand->add_option("--get", getOption, "Print the value of one option");
+    settingsCommand->add_option("--set", setOption, "Set an option: NAME=VALUE")->excludes(getFlag);
+
+    std::string newHost;
+    CLI::App* newCommand = app.add_subcommand("new", "Create a help project with the wizard and generate it");
+    newCommand->add_option("--host", newHost, "XML description of the source projects, in place of a development environment");
+
     try {
         app.parse(argc, argv);
     } catch (const CLI::ParseError& error) {
@@ -45,6 +64,14 @@ int main(int argc, char** argv)
     }
     if (generateCommand->parsed())
         return RunGenerateFromContents(global, generate);
+    if (projectsCommand->parsed())
+        return RunProjects(global);
+    if (openCommand->parsed())
+        return RunOpen(global, openFile, openHost);
+    if (settingsCommand->parsed())
+        return RunSettings(global, getOption, setOption);
+    if (newCommand->parsed())
+        return RunNew(global, newHost);
     std::cout << app.help();
     return exitcode::kDone;
 }

@@ -1,5 +1,7 @@
 #include "foundation/ConsoleUserInterface.h"
 
+#include <algorithm>
+
 #include <atomic>
 #include <iostream>
 #include <unistd.h>
@@ -210,6 +212,37 @@ std::optional<std::string> ConsoleUserInterface::ChooseFolder(const std::string&
     if (folder)
         return AddBackslash(*folder);
     return folder;
+}
+
+std::optional<std::size_t> ConsoleUserInterface::ChooseFromList(const std::string& title,
+    const std::vector<std::string>& items, std::size_t defaultIndex)
+{
+    m_out << '\n' << ForTerminal(title) << '\n';
+    for (std::size_t i = 0; i < items.size(); ++i)
+        m_out << "  " << (i + 1) << ". " << ForTerminal(items[i]) << '\n';
+    if (items.empty()) {
+        m_out << "=> nothing to choose" << std::endl;
+        return std::nullopt;
+    }
+    defaultIndex = std::min(defaultIndex, items.size() - 1);
+    if (!m_options.interactive || m_options.assumeYes) {
+        m_out << "=> " << (defaultIndex + 1) << " (default)" << std::endl;
+        return defaultIndex;
+    }
+    while (true) {
+        m_out << "Number (default " << (defaultIndex + 1) << ", empty line to take it, q to cancel): " << std::flush;
+        std::optional<std::string> answer = ReadLine();
+        if (!answer)
+            return std::nullopt;
+        std::string text = TrimWhitespace(*answer);
+        if (text.empty())
+            return defaultIndex;
+        if (EqualsNoCase(text, "q"))
+            return std::nullopt;
+        auto number = ParseInteger(text);
+        if (number && *number >= 1 && static_cast<std::size_t>(*number) <= items.size())
+            return static_cast<std::size_t>(*number - 1);
+    }
 }
 
 void ConsoleUserInterface::ProgressInit(const std::string& text, int maximum)

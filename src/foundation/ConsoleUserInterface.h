@@ -40,6 +40,8 @@ public:
         const std::string& defaultValue) override;
     std::optional<std::string> ChooseFile(const FileChoiceRequest& request) override;
     std::optional<std::string> ChooseFolder(const std::string& title, const std::string& startFolder) override;
+    std::optional<std::size_t> ChooseFromList(const std::string& title, const std::vector<std::string>& items,
+        std::size_t defaultIndex) override;
     void ProgressInit(const std::string& text, int maximum) override;
     void ProgressUpdate(const std::string& text, int value) override;
     void ProgressDispose() override;

@@ -70,6 +70,10 @@ public:
         = 0;
     virtual std::optional<std::string> ChooseFile(const FileChoiceRequest& request) = 0;
     virtual std::optional<std::string> ChooseFolder(const std::string& title, const std::string& startFolder) = 0;
+    // Offers a list and answers the position chosen; nothing when the person cancels.
+    virtual std::optional<std::size_t> ChooseFromList(const std::string& title, const std::vector<std::string>& items,
+        std::size_t defaultIndex)
+        = 0;
 
     // Progress of a long run. Init starts a display with a maximum, Update moves it
     // (text may be empty to keep the last), Dispose ends it.

@@ -45,6 +45,15 @@ std::optional<std::string> ScriptedUserInterface::ChooseFolder(const std::string
     return TakeFront(m_folders).value_or(std::nullopt);
 }
 
+std::optional<std::size_t> ScriptedUserInterface::ChooseFromList(const std::string& title,
+    const std::vector<std::string>& items, std::size_t defaultIndex)
+{
+    m_listRequests.push_back(items);
+    if (m_choices.empty())
+        return items.empty() ? std::nullopt : std::optional<std::size_t>(defaultIndex);
+    return *TakeFront(m_choices);
+}
+
 void ScriptedUserInterface::ProgressInit(const std::string& text, int maximum)
 {
     m_progress.push_back({ ProgressKind::Init, text, maximum });

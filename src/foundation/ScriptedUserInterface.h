@@ -37,6 +37,8 @@ public:
     void QueueInput(std::optional<std::string> value) { m_inputs.push_back(std::move(value)); }
     void QueueFile(std::optional<std::string> path) { m_files.push_back(std::move(path)); }
     void QueueFolder(std::optional<std::string> path) { m_folders.push_back(std::move(path)); }
+    // nothing stands for Cancel.
+    void QueueChoice(std::optional<std::size_t> index) { m_choices.push_back(index); }
     // The nth ProgressUpdate (counting from 1 over the object's life) asks the
     // run to stop, as a person pressing Cancel at that moment.
     void CancelAtUpdate(int n) { m_cancelAtUpdate = n; }
@@ -60,6 +62,10 @@ public:
         const std::string& defaultValue) override;
     std::optional<std::string> ChooseFile(const FileChoiceRequest& request) override;
     std::optional<std::string> ChooseFolder(const std::string& title, const std::string& startFolder) override;
+    std::optional<std::size_t> ChooseFromList(const std::string& title, const std::vector<std::string>& items,
+        std::size_t defaultIndex) override;
+    // The lists offered, in order.
+    const std::vector<std::vector<std::string>>& ListRequests() const { return m_listRequests; }
     void ProgressInit(const std::string& text, int maximum) override;
     void ProgressUpdate(const std::string& text, int value) override;
     void ProgressDispose() override;
@@ -71,6 +77,8 @@ private:
     std::deque<std::optional<std::string>> m_inputs;
     std::deque<std::optional<std::string>> m_files;
     std::deque<std::optional<std::string>> m_folders;
+    std::deque<std::optional<std::size_t>> m_choices;
+    std::vector<std::vector<std::string>> m_listRequests;
     std::vector<MessageBoxRequest> m_boxes;
     std::vector<int> m_given;
     std::vector<InputRequest> m_inputRequests;

@@ -19,6 +19,7 @@
 #include "host/CHostContextBase.h"
 #include "model/CAddInProject.h"
 #include "model/CAddInProjects.h"
+#include "model/CHelpPrjCheckSums.h"
 #include "model/CHelpPrjTree.h"
 #include "server/CScrivServer.h"
 #include "server/CScrivServerAgent.h"
@@ -519,6 +520,11 @@ std::uint32_t CScrivant::SaveHelpProjectFiles()
         result = status::kAbandoned;
     } else {
         CHelpPrjTree& tree = HelpProjectTree();
+        Data().ProgressBarUpdate("Saving project...", 1);
+        result = Data().Projects().Save();
+        Data().ProgressBarUpdate("Generating and saving checksums...", 4);
+        tree.CheckSums().Recalc();
+        tree.SaveCheckSums(true);
         tree.SetWasChanged(false);
         tree.SetNewHtmlHelpProject(false);
     }

@@ -216,6 +216,25 @@ void CAddInSettings::Save(ISettings& settings)
     flag("UnattendedExecution", p.UnattendedExecution);
 }
 
+const std::vector<std::string>& CAddInSettings::KnownOptions()
+{
+    static const std::vector<std::string> names = [] {
+        // The order Save writes them in, then the options it only reads.
+        CScrivantParameters parameters;
+        struct Recorder : ISettings {
+            std::vector<std::string> names;
+            OptionValue GetOptionValue(std::string_view) const override { return {}; }
+            void SetOptionValue(std::string_view name, const OptionValue&) override { names.emplace_back(name); }
+        } recorder;
+        CAddInSettings(parameters).Save(recorder);
+        recorder.names.push_back("WizardUnattendedExecution");
+        recorder.names.push_back("VerboseTracing");
+        recorder.names.push_back("DefaultHtmlFullPath");
+        return recorder.names;
+    }();
+    return names;
+}
+
 // --- the store ---
 
 CAddInSettingsXmlFile::CAddInSettingsXmlFile(CScrivantParameters& parameters)

@@ -68,6 +68,10 @@ public:
     void Load(const ISettings& settings, bool withProjectFields) override;
     void Save(ISettings& settings) override;
 
+    // The names of the options the mapping knows, in the order it writes them,
+    // with the ones it only reads at the end.
+    static const std::vector<std::string>& KnownOptions();
+
 private:
     CScrivantParameters& m_parameters;
 };

@@ -86,6 +86,11 @@ std::uint32_t CHelpPrjTree::Load(const std::string& fullPath, bool newProject, c
             code = BuildXmlNodes(1, xml.SharedDocument(), root, nullptr, addControls);
     }
     if (code == 0) {
+        // The checksums belong to the project now loaded.
+        if (m_checkSums)
+            m_checkSums->Terminate();
+        m_checkSums.reset();
+        CheckSums();
         Trace(".Load(2): " + TimeOfDayText());
         m_loaded = true;
     }
@@ -147,6 +152,9 @@ void CHelpPrjTree::Reset()
 {
     m_map.Clear();
     m_root.reset();
+    if (m_checkSums)
+        m_checkSums->Terminate();
+    m_checkSums.reset();
     m_wasChanged = false;
     m_loaded = false;
     m_newHtmlHelpProject = false;
@@ -168,6 +176,9 @@ void CHelpPrjTree::Terminate(bool keepChildren, bool keepRoot)
         }
     }
     m_treeView = nullptr;
+    if (m_checkSums)
+        m_checkSums->Terminate();
+    m_checkSums.reset();
 }
 
 // --- nodes ---

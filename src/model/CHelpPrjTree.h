@@ -15,6 +15,7 @@ namespace scriv {
 class CHelpPrjCheckSums;
 class CHelpPrjFileCheckSum;
 class IClassFactory;
+class IHelpPrjSourceProject;
 class ITreeView;
 
 // The contents tree of one help project: the root node, and a map of every node
@@ -98,9 +99,12 @@ public:
     CHelpPrjFileCheckSum* GetCheckSumObject(const std::string& fullPath, bool recompute);
 
     // --- expansion and generation options ---
-    // Replaces every node that has a serializer by one node per object it
+    // The application project to expand serializers from; asked once per
+    // source project (after that project was made current).
+    using SourceProjectProvider = std::function<std::unique_ptr<IHelpPrjSourceProject>()>;
+    // Expands every node that has a serializer into one node per object it
     // yields, added behind it; the serializer node is marked skipped.
-    void ExpandSerializerNodes(IClassFactory& factory);
+    void ExpandSerializerNodes(IClassFactory& factory, const SourceProjectProvider& provider);
     // Sets the generation options of the object groups from the group pages'
     // skipped marks.
     void SetGroupFlagsFromTree();

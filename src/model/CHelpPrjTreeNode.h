@@ -15,6 +15,7 @@ namespace scriv {
 
 class CHelpPrjTree;
 class IClassFactory;
+class IHelpPrjSourceProject;
 class ITreeView;
 
 // Object types of a node and of the application objects.
@@ -247,8 +248,10 @@ public:
     std::string IndexesXmlStr() const;
 
     // --- expansion ---
-    // Expands this node's serializer (Part of CHelpPrjTree::ExpandSerializerNodes).
-    void ExpandSerializerNodes(IClassFactory& factory, CHelpPrjTree& tree);
+    // Expands this node's serializer: its nodes go behind it, under its parent,
+    // once per source project of a group when the group is the source.
+    void ExpandSerializerNodes(IClassFactory& factory, CHelpPrjTree& tree,
+        const std::function<std::unique_ptr<IHelpPrjSourceProject>()>& provider);
     // Children captioned Reports, Forms or Dialogs take the code (unless -1),
     // recursively.
     void SetFormsReportsProcessCode(int code);
@@ -259,6 +262,8 @@ public:
     std::string ContentsHTML(int level, bool excludeControls) const;
 
 private:
+    void ExpandSerializerNodes4CurrentProject(class IXmlSerializer& serializer, CHelpPrjTree& tree,
+        IHelpPrjSourceProject& source, std::size_t& insertAt);
     std::string DefaultValue(const std::string& lowerName) const;
     pugi::xml_attribute FindAttribute(const std::string& lowerName) const;
     std::string ApplyTagReplacement(std::string value) const;

@@ -14,6 +14,8 @@
 #include "generation/CScrivant.h"
 #include "generation/CScrivantParameters.h"
 #include "model/CAddInProjects.h"
+#include "model/CHelpPrjSelector.h"
+#include "foundation/Paths.h"
 #include "server/CScrivActions.h"
 #include "server/CScrivServerAgent.h"
 #include "server/CScrivServerData.h"
@@ -210,6 +212,92 @@ std::uint32_t CScrivServer::OpenProject()
         }
         result = m_actions->OpenProject();
     });
+    return failure != 0 ? failure : result;
+}
+
+std::uint32_t CScrivServer::ProcessWizardFormClosing()
+{
+    return m_actions->ProcessWizardFormClosing();
+}
+
+std::uint32_t CScrivServer::OpenHelpProject()
+{
+    // Only an open editor has a project to show.
+    if (!FormIsLoaded(kHelpEditorForm))
+        return status::kAbandoned;
+    SetFocusOnHelpEditorForm();
+    return m_actions->OpenHelpProject();
+}
+
+std::uint32_t CScrivServer::OpenHelpProjectIndex() { return m_actions->OpenHelpProjectIndex(); }
+std::uint32_t CScrivServer::OpenHelpFolder() { return m_actions->OpenHelpFolder(); }
+std::uint32_t CScrivServer::OpenHelpTopics() { return m_actions->OpenHelpTopics(); }
+std::uint32_t CScrivServer::OpenHelpIndex() { return m_actions->OpenHelpIndex(); }
+std::uint32_t CScrivServer::OpenHelpSearch() { return m_actions->OpenHelpSearch(); }
+std::uint32_t CScrivServer::OpenAboutForm() { return m_actions->OpenAboutForm(); }
+
+std::uint32_t CScrivServer::SetFocusOnHelpEditorForm()
+{
+    if (IHostForm* editor = LoadedForms().Find(kHelpEditorForm)) {
+        editor->SetVisible(true);
+        editor->SetFocus();
+    }
+    return 0;
+}
+
+std::uint32_t CScrivServer::ReloadScrivProject(const std::string& file, int mode)
+{
+    std::uint32_t result = status::kAbandoned;
+    CHelpPrjSelector selector;
+    std::uint32_t failure = ErrorFrame("CScrivServer.ReloadScrivProject", [&] {
+        CScrivServerData& data = *m_data;
+        data.ProgressBarInit("Start project loading...", 6);
+        data.ProgressBarUpdate("Checking selected project...", 1);
+        if (IHostForm* editor = LoadedForms().Find(kHelpEditorForm)) {
+            editor->Unload();
+            m_agent->Doevents();
+        }
+        data.ScrivEngine().UnLoadTreviewForActiveProject();
+        selector.init();
+        try {
+            BackUpHelpProjectFile(file);
+        } catch (const ScrivError&) {
+            MsgBox("Errors detected while trying to make backup copy of Scrivant project file '" + file + "'.",
+                msgbox::kExclamation, kMessageBoxTitle, "", 0, "CScrivServer.ReloadScrivProject");
+            return;
+        }
+        m_agent->Doevents();
+        result = data.ReLoadSettings(file, true);
+        if (result != 0)
+            return;
+        data.ProgressBarUpdate("Loading settings...", 2);
+        result = selector.SetCurrent(file, false);
+        if (result != 0) {
+            m_agent->Doevents();
+            data.ProgressBarDispose();
+            return;
+        }
+        CScrivantParameters& parameters = Parameters();
+        if (CAddInProject* project = data.Projects().CurrentProject()) {
+            parameters.SetFolderForGeneratedHelp(AddBackslash(project->Folder));
+            parameters.SetNameOfFolderForGeneratedImages(project->PicsSubfolderName);
+        }
+        m_agent->HourglassOn();
+        m_agent->Doevents();
+        if (mode != 1) {
+            data.ProgressBarUpdate("Loading treeview...", 3);
+            result = data.ScrivEngine().LoadTreviewForActiveProject(true);
+        }
+        if (mode == 1 || result == 0) {
+            data.ProgressBarDispose();
+            m_agent->Doevents();
+        }
+    });
+    selector.Terminate();
+    if (m_data) {
+        m_agent->HourglassOff();
+        m_data->ProgressBarDispose();
+    }
     return failure != 0 ? failure : result;
 }
 

@@ -45,6 +45,20 @@ public:
     // Queues "ReloadWizardForm"; the wizard is reopened 100 ms later.
     std::uint32_t ReloadNewProject();
     std::uint32_t OpenProject();
+    // The wizard has closed: checks, settings, generation and its message.
+    std::uint32_t ProcessWizardFormClosing();
+    std::uint32_t OpenHelpProject();
+    std::uint32_t OpenHelpProjectIndex();
+    std::uint32_t OpenHelpFolder();
+    std::uint32_t OpenHelpTopics();
+    std::uint32_t OpenHelpIndex();
+    std::uint32_t OpenHelpSearch();
+    std::uint32_t OpenAboutForm();
+    // Gives a loaded Help Editor the focus; 0 whether or not there is one.
+    std::uint32_t SetFocusOnHelpEditorForm();
+    // Loads a project file: its settings, the project as current, and (unless
+    // mode is 1) its tree. 0, or the status of the step that failed.
+    std::uint32_t ReloadScrivProject(const std::string& file, int mode);
 
     // --- services ---
     // Sends a command to the host and answers the reply. While a generation is

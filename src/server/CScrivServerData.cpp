@@ -54,8 +54,13 @@ void CScrivServerData::LoadSettings(bool force)
         if (FileExists(messagesPath)) {
             ErrorFrame("CScrivServerData.LoadSettings", [&] { m_messages->Load(messagesPath); });
         }
+        std::string settingsPath = SettingsFilePath();
+        if (FileExists(settingsPath))
+            ReLoadSettings(settingsPath, false);
         if (!m_projects)
             m_projects = std::make_unique<CAddInProjects>();
+        // A registry made earlier by Projects() has not read its file yet; init runs once.
+        ErrorFrame("CScrivServerData.LoadSettings", [&] { m_projects->init(ProjectsFilePath()); });
         m_loading = false;
     }
     --m_loadDepth;

@@ -63,6 +63,8 @@ public:
     int HostAppMainWindowHWnd();
 
     bool Runtime { false };
+    // No one is there to answer the wizard: it finishes with the settings' values.
+    bool Unattended { false };
     bool GenerationInterrupted { false };
 
 private:

@@ -100,3 +100,68 @@ TEST(Cli, TheUsersHomeIsLeftAloneWhenADataFolderIsGiven)
 
 }  // namespace
 }  // namespace scriv
+
+namespace scriv {
+namespace {
+
+// A source project in a folder of its own, described to the program as a host.
+struct SourceFolder {
+    test::TempFolder folder;
+    std::string host;
+    SourceFolder()
+    {
+        host = folder.Write("host.xml", "<Host><Project Name=\"Orders\" FullPath=\"" + folder.Path()
+                + "Orders.vbp\" Type=\"VB6\" Active=\"true\"/></Host>");
+    }
+};
+
+TEST(CliProjects, ANewProjectIsGeneratedRegisteredAndOpenedAgain)
+{
+    test::TempFolder data;
+    SourceFolder source;
+    std::string output;
+    ASSERT_EQ(RunProgram({ "--yes", "new", "--host", source.host }, output, data.Path()), 0) << output;
+    EXPECT_NE(output.find("The Scrivant added:\n- 2 new help pages"), std::string::npos) << output;
+    std::string project = source.folder / "CHM/Orders.svp";
+    ASSERT_TRUE(FileExists(project));
+
+    ASSERT_EQ(RunProgram({ "projects" }, output, data.Path()), 0) << output;
+    EXPECT_NE(output.find("Orders\n    project file: " + project), std::string::npos) << output;
+
+    ASSERT_EQ(RunProgram({ "open", project, "--host", source.host }, output, data.Path()), 0) << output;
+    EXPECT_NE(output.find("Help project Orders (" + project + ")"), std::string::npos) << output;
+    EXPECT_NE(output.find("[openedBook] Orders"), std::string::npos) << output;
+    EXPECT_NE(output.find("  [no] Reports"), std::string::npos) << output;
+    EXPECT_NE(output.find("  [helptopic] Copyright"), std::string::npos) << output;
+}
+
+TEST(CliProjects, AProjectFileThatDoesNotParseIsReportedAndLeftAsItIs)
+{
+    test::TempFolder data;
+    test::TempFolder work;
+    std::string broken = work.Write("Broken.svp", "<ScrivProject><Project></ScrivProject>");
+    std::string output;
+    EXPECT_NE(RunProgram({ "open", broken }, output, data.Path()), 0);
+    EXPECT_NE(output.find("0xC00CE5"), std::string::npos) << output;
+    EXPECT_NE(output.find(broken), std::string::npos) << output;
+    EXPECT_EQ(work.Read("Broken.svp"), "<ScrivProject><Project></ScrivProject>");
+}
+
+TEST(CliSettings, OptionsAreShownReadAndWritten)
+{
+    test::TempFolder data;
+    std::string output;
+    ASSERT_EQ(RunProgram({ "settings" }, output, data.Path()), 0) << output;
+    EXPECT_NE(output.find("CSSFullPath = Office10.css"), std::string::npos) << output;
+    ASSERT_EQ(RunProgram({ "settings", "--set", "Copyright=(c) \"Acme\" & Sons" }, output, data.Path()), 0) << output;
+    ASSERT_EQ(RunProgram({ "settings", "--get", "copyright" }, output, data.Path()), 0) << output;
+    EXPECT_EQ(output, "(c) \"Acme\" & Sons\n");
+    ASSERT_EQ(RunProgram({ "settings", "--set", "MSWordTOCLowerHeadingLevel=10" }, output, data.Path()), 0) << output;
+    ASSERT_EQ(RunProgram({ "settings", "--get", "MSWordTOCLowerHeadingLevel" }, output, data.Path()), 0) << output;
+    EXPECT_EQ(output, "2\n");
+    EXPECT_EQ(RunProgram({ "settings", "--set", "NoSuchOption=1" }, output, data.Path()), 2);
+    EXPECT_EQ(RunProgram({ "settings", "--get", "NoSuchOption" }, output, data.Path()), 2);
+}
+
+}  // namespace
+}  // namespace scriv

@@ -1,0 +1,108 @@
+#include "model/Serializers.h"
+
+#include <chrono>
+
+#include "foundation/DateTime.h"
+#include "foundation/ObjectNames.h"
+#include "foundation/Paths.h"
+#include "foundation/StringUtil.h"
+#include "foundation/TextEncoding.h"
+#include "generation/CScrivantParameters.h"
+#include "model/CHelpPrjTree.h"
+#include "model/IHelpPrjSourceProject.h"
+#include "server/CScrivServer.h"
+#include "server/CScrivServerAgent.h"
+
+namespace scriv {
+
+namespace {
+
+// The source project as the host names it: its name and its type name.
+struct SourceProjectNames {
+    std::string name;
+    std::string typeName;
+};
+
+SourceProjectNames CurrentSourceProjectNames()
+{
+    CScrivServer* server = CurrentServer();
+    if (!server)
+        return {};
+    return { server->Agent().CurrentSourceProjectName(), server->Agent().CurrentSourceProjectTypeName() };
+}
+
+std::string FormNamePrefix()
+{
+    CScrivServer* server = CurrentServer();
+    return server ? server->Agent().FormNamePrefix() : std::string();
+}
+
+bool FileNameTaken(const CHelpPrjTree& tree, const std::string& fileName)
+{
+    return tree.Root() && tree.Root()->NodeFileNameDefined(fileName);
+}
+
+// A page name no node of the tree has: the plain one, else with the host's form
+// prefix, else with the time of day.
+std::string UniqueFormFileName(const CHelpPrjTree& tree, const std::string& projectName, const std::string& formName)
+{
+    std::string fileName = XmlEncodeChars(projectName) + "_Form_" + GetComponentFileName(formName) + ".htm";
+    if (!FileNameTaken(tree, fileName))
+        return fileName;
+    fileName = FormNamePrefix() + "_" + fileName;
+    if (!FileNameTaken(tree, fileName))
+        return fileName;
+    return FileBaseName(fileName) + "_" + FormatLocalTime(std::chrono::system_clock::now(), "%H%M%S") + ".htm";
+}
+
+}  // namespace
+
+// --- clsVBFormsList ---
+
+std::string clsVBFormsList::XmlText() const
+{
+    std::string text;
+    for (const std::string& item : m_collection)
+        text += item + std::string(kCrLf);
+    return text;
+}
+
+const std::vector<std::string>& clsVBFormsList::XmlCollection(CHelpPrjTree& tree, IHelpPrjSourceProject& sourceProject)
+{
+    SourceProjectNames source = CurrentSourceProjectNames();
+    std::string encodedProject = XmlEncodeChars(source.name);
+    bool byName = Parameters().IdentifyControls() != 0;
+    for (const auto& entry : sourceProject.Forms()) {
+        const CHelpPrjSourceItem& form = *entry.value;
+        std::string caption = byName ? form.FormName : form.FormCaption;
+        std::string fileName = UniqueFormFileName(tree, source.name, form.FormName);
+        // The blank inside the type value is part of the format.
+        std::string item = "<FORM Name=\"" + form.FormName + "\" Key=\"" + encodedProject + ".Form_" + form.FormName
+            + "\" caption=\"" + caption + "\" icon = \"form" + "\" ProcessCode=\"999" + "\" GeneratedHTMLFile = \""
+            + fileName + "\" TemplateHTMLFile = \"Form.htm" + "\" title = \"" + XmlEncodeChars(form.FormCaption)
+            + "\" type = \"2 \"";
+        if (!form.GUIObjectSubType.empty())
+            item += " GUIObjectSubType = \"" + form.GUIObjectSubType + "\" ";
+        item += " SourceProjectType = \"" + source.typeName + "\" ";
+        item += " SourceProjectName = \"" + source.name + "\" ";
+        item += "/>";
+        m_collection.push_back(std::move(item));
+    }
+    return m_collection;
+}
+
+// --- CHelpPrjTreeCF ---
+
+std::unique_ptr<IXmlSerializer> CHelpPrjTreeCF::CreateObject(const std::string& name)
+{
+    if (name == "GetVBFormsXml")
+        return std::make_unique<clsVBFormsList>();
+    return nullptr;
+}
+
+std::unique_ptr<IXmlSerializer> CHelpPrjTreeCF::CreateFormsListObject()
+{
+    return std::make_unique<clsVBFormsList>();
+}
+
+}  // namespace scriv
