@@ -21,6 +21,8 @@
 #include "model/CAddInProjects.h"
 #include "model/CHelpPrjCheckSums.h"
 #include "model/CHelpPrjTree.h"
+#include "model/IHelpPrjSourceProject.h"
+#include "model/Serializers.h"
 #include "server/CScrivServer.h"
 #include "server/CScrivServerAgent.h"
 #include "server/CScrivServerData.h"
@@ -578,6 +580,7 @@ std::uint32_t CScrivant::LoadTreviewForActiveProject(bool keep, IHostForm* progr
         if (closed())
             return status::kAbandoned;
         ShowStep("Parsing source project...");
+        std::unique_ptr<IHelpPrjSourceProject> source = Agent().ParseSourceProject();
         if (closed())
             return status::kAbandoned;
         ShowStep("Loading TOC treeview...");
@@ -589,6 +592,18 @@ std::uint32_t CScrivant::LoadTreviewForActiveProject(bool keep, IHostForm* progr
         result = tree.Load(fromSettings ? settings : contents, true, {}, false);
         if (closed())
             return status::kAbandoned;
+        ShowStep("Expanding serializer nodes...");
+        CHelpPrjTreeCF factory;
+        bool first = true;
+        tree.ExpandSerializerNodes(factory, [&]() -> std::unique_ptr<IHelpPrjSourceProject> {
+            // The project parsed above serves the first expansion; a group's
+            // other projects are parsed when they are made current.
+            if (first && source) {
+                first = false;
+                return std::move(source);
+            }
+            return Agent().ParseSourceProject();
+        });
     }
     HideStep();
     return result;

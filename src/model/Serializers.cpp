@@ -74,7 +74,8 @@ const std::vector<std::string>& clsVBFormsList::XmlCollection(CHelpPrjTree& tree
     bool byName = Parameters().IdentifyControls() != 0;
     for (const auto& entry : sourceProject.Forms()) {
         const CHelpPrjSourceItem& form = *entry.value;
-        std::string caption = byName ? form.FormName : form.FormCaption;
+        // Encoded like the title: a caption may hold quotes and brackets.
+        std::string caption = XmlEncodeChars(byName ? form.FormName : form.FormCaption);
         std::string fileName = UniqueFormFileName(tree, source.name, form.FormName);
         // The blank inside the type value is part of the format.
         std::string item = "<FORM Name=\"" + form.FormName + "\" Key=\"" + encodedProject + ".Form_" + form.FormName

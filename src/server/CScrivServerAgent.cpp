@@ -5,6 +5,7 @@
 #include "foundation/StringUtil.h"
 #include "foundation/TextEncoding.h"
 #include "host/CHostContextBase.h"
+#include "host/CSourceProjectVB6.h"
 #include "server/CScrivServer.h"
 
 namespace scriv {
@@ -239,6 +240,20 @@ void CScrivServerAgent::UnhideDbWindow() { Send("UnhideDbWindow"); }
 void CScrivServerAgent::SetUseProjectGroupAsSourceFlag(bool useProjectGroupAsSource)
 {
     Send("SetUseProjectGroupAsSourceFlag", { { "UseProjectGroupAsSourceFlag", CommandBool(useProjectGroupAsSource) } });
+}
+
+std::unique_ptr<IHelpPrjSourceProject> CScrivServerAgent::ParseSourceProject()
+{
+    std::string path = CurrentSourceProjectFullPath();
+    std::string type = CurrentSourceProjectTypeName();
+    Trace("CScrivServerAgent.ParseSourceProject: ProjectFullPath = " + path + ", ProjectTypeName = " + type);
+    if (path.empty())
+        return nullptr;
+    auto project = std::make_unique<CHelpPrjSourceProject>();
+    if (!project->init(path, type) || !project->IsValid())
+        return nullptr;
+    Trace("CScrivServerAgent.ParseSourceProject: IsValid -> ProjectFullPath = " + path + ", ProjectTypeName = " + type);
+    return project;
 }
 
 std::string CScrivServerAgent::ProcessComponent(const ProcessComponentRequest& request)

@@ -90,6 +90,9 @@ public:
     std::string ScreenshotDatamodelWindow();
     void UnhideDbWindow();
     void SetUseProjectGroupAsSourceFlag(bool useProjectGroupAsSource);
+    // The host's current source project, read from its files; nothing when the
+    // host has none or no reader knows its type.
+    std::unique_ptr<IHelpPrjSourceProject> ParseSourceProject();
     // The description of one component; it comes in the answer's text.
     std::string ProcessComponent(const ProcessComponentRequest& request);
 

@@ -83,7 +83,7 @@ TEST_F(FormsListTest, AFormBecomesOneFormElementString)
     const std::vector<std::string>& items = list.XmlCollection(m_tree, m_source);
     ASSERT_EQ(items.size(), 1u);
     EXPECT_EQ(items[0],
-        "<FORM Name=\"frmMain\" Key=\"Orders.Form_frmMain\" caption=\"Main - window\" icon = \"form\" "
+        "<FORM Name=\"frmMain\" Key=\"Orders.Form_frmMain\" caption=\"Main &#45; window\" icon = \"form\" "
         "ProcessCode=\"999\" GeneratedHTMLFile = \"Orders_Form_frmMain.htm\" TemplateHTMLFile = \"Form.htm\" "
         "title = \"Main &#45; window\" type = \"2 \" SourceProjectType = \"VB6\"  SourceProjectName = \"Orders\" />");
 }
