@@ -26,6 +26,7 @@
 #include "server/CScrivServer.h"
 #include "server/CScrivServerAgent.h"
 #include "server/CScrivServerData.h"
+#include "server/CScrivServerProxy.h"
 #include "server/LoadedForms.h"
 
 namespace scriv {
@@ -462,8 +463,13 @@ void CScrivant::ProcessHelpTreeAndGenerateHelp2(CHelpPrjTreeNode& root, bool reg
         return;
     if (root.GeneratedHTMLFile().empty())
         root.SetGeneratedHTMLFile(root.TemplateHtmlFileNameExtOnly());
-    if (HelpProjectTree().NewHtmlHelpProject())
-        ReplaceTagsAndCopy(root.TemplateHtmlFileFullPath(), root.GeneratedHTMLFileFullPath(), {});
+    if (HelpProjectTree().NewHtmlHelpProject()) {
+        std::vector<std::string> replacements;
+        // A database host calls its windows forms, not dialogs; the broken tag stays as it always was.
+        if (EqualsNoCase(root.TemplateHtmlFileNameExtOnly(), "Welcome.htm") && HostIsMSAccess())
+            replacements = { "<a href=\"Dialogs.htm\">|<a href=\"Forms.htm\">", "Dialogs</a>|Forms<a>" };
+        ReplaceTagsAndCopy(root.TemplateHtmlFileFullPath(), root.GeneratedHTMLFileFullPath(), replacements);
+    }
     if (root.HtmlTitle().empty())
         root.SetHtmlTitle(root.Caption());
 

@@ -3,6 +3,7 @@
 #include "foundation/CTraceLog.h"
 #include "foundation/CodePage.h"
 #include "foundation/Paths.h"
+#include "foundation/ScrivError.h"
 #include "foundation/StringUtil.h"
 
 namespace scriv {
@@ -22,27 +23,6 @@ std::optional<std::vector<std::string>> ReadTrimmedLines(const std::string& path
     return lines;
 }
 
-// A quoted value of a VB6 file: "Say ""hi""" gives Say "hi".
-std::string QuotedValue(const std::string& line)
-{
-    std::size_t open = line.find('"');
-    if (open == std::string::npos)
-        return {};
-    std::string value;
-    for (std::size_t i = open + 1; i < line.size(); ++i) {
-        if (line[i] == '"') {
-            if (i + 1 < line.size() && line[i + 1] == '"') {
-                value += '"';
-                ++i;
-                continue;
-            }
-            break;
-        }
-        value += line[i];
-    }
-    return Trim(value);
-}
-
 }  // namespace
 
 bool CSourceProjectVB6::init(const std::string& projectFullPath, const std::string& typeName)
@@ -59,60 +39,52 @@ bool CSourceProjectVB6::init(const std::string& projectFullPath, const std::stri
     }
     struct Entry {
         const char* prefix;
-        const char* marker;
+        Vb6FormKind kind;
         const char* subType;
     };
     static constexpr Entry entries[] = {
-        { "Form=", "Begin VB.Form", "" },
-        { "UserControl=", "Begin VB.UserControl", "UserControl" },
-        { "UserDocument=", "Begin VB.UserDocument", "UserDocument" },
+        { "Form=", Vb6FormKind::Form, "" },
+        { "UserControl=", Vb6FormKind::UserControl, "UserControl" },
+        { "UserDocument=", Vb6FormKind::UserDocument, "UserDocument" },
     };
     for (const std::string& line : *lines) {
         for (const Entry& entry : entries) {
             if (StartsWithNoCase(line, entry.prefix))
-                ReadFormHeader(Trim(line.substr(std::string_view(entry.prefix).size())), entry.marker, entry.subType);
+                ReadFormHeader(Trim(line.substr(std::string_view(entry.prefix).size())), entry.kind, entry.subType);
         }
     }
     m_valid = true;
     return true;
 }
 
-void CSourceProjectVB6::ReadFormHeader(const std::string& relativePath, const std::string& marker,
-    const std::string& subType)
+void CSourceProjectVB6::ReadFormHeader(const std::string& relativePath, Vb6FormKind kind, const std::string& subType)
 {
     std::string path = ToNativePath(relativePath);
     if (!IsAbsolutePath(path) && relativePath.rfind("\\\\", 0) != 0 && path.find(':') == std::string::npos)
         path = m_folder + path;
-    auto lines = ReadTrimmedLines(path);
-    if (!lines)
+    if (!FileExists(path))
         return;
-    std::string name;
+    std::optional<Vb6FormFile> file;
+    try {
+        file = Vb6FormFile::Load(path);
+    } catch (const ScrivError& error) {
+        Trace("CSourceProjectVB6: " + error.Description());
+        return;
+    }
+    // An MDI form is a form too.
+    Vb6FormKind found = file->Kind() == Vb6FormKind::MDIForm ? Vb6FormKind::Form : file->Kind();
+    if (found != kind) {
+        Trace("CSourceProjectVB6: '" + path + "' holds no " + (subType.empty() ? std::string("form") : subType));
+        return;
+    }
+    const Vb6Block& form = file->Form();
+    std::string name = form.Name();
+    // The caption counts only among the form's own properties, ahead of its
+    // first nested block; a caption kept in the .frx leaves the default.
     std::string caption = FileBaseName(path);
-    bool begun = false;
-    for (const std::string& line : *lines) {
-        if (!begun) {
-            // An MDI form is a form too.
-            std::string mdiMarker = marker == "Begin VB.Form" ? "Begin VB.MDIForm" : marker;
-            for (const std::string& candidate : { marker, mdiMarker }) {
-                if (StartsWithNoCase(line, candidate + " ")) {
-                    name = Trim(line.substr(candidate.size()));
-                    begun = true;
-                    break;
-                }
-            }
-            continue;
-        }
-        if (StartsWithNoCase(line, "Begin") || StartsWithNoCase(line, "End"))
-            break;
-        if (StartsWithNoCase(line, "Caption")) {
-            caption = QuotedValue(line);
-            break;
-        }
-    }
-    if (name.empty()) {
-        Trace("CSourceProjectVB6: no form in '" + path + "'");
-        return;
-    }
+    const Vb6Property* property = form.FindProperty("Caption");
+    if (property && property->line < form.FirstNestedLine() && property->Text())
+        caption = Trim(*property->Text());
     auto item = std::make_unique<CHelpPrjSourceItem>();
     item->BaseFolder = m_folder;
     item->RelativePath = relativePath;

@@ -2,6 +2,7 @@
 
 #include <string>
 
+#include "host/vb6/Vb6FormFile.h"
 #include "model/IHelpPrjSourceProject.h"
 
 namespace scriv {
@@ -30,7 +31,7 @@ public:
     SourceItems& Charts() override { return m_empty; }
 
 private:
-    void ReadFormHeader(const std::string& relativePath, const std::string& marker, const std::string& subType);
+    void ReadFormHeader(const std::string& relativePath, Vb6FormKind kind, const std::string& subType);
 
     std::string m_name;
     std::string m_folder;

@@ -1,5 +1,7 @@
 #include "server/CXmlCommand.h"
 
+#include <cctype>
+
 #include "foundation/CXMLFile.h"
 #include "foundation/StringUtil.h"
 #include "foundation/TextEncoding.h"
@@ -33,6 +35,16 @@ std::string EscapeXmlText(std::string_view text)
         }
     }
     return out;
+}
+
+bool IsParameterName(std::string_view name)
+{
+    if (name.empty() || !(std::isalpha(static_cast<unsigned char>(name[0])) || name[0] == '_'))
+        return false;
+    for (char c : name)
+        if (!(std::isalnum(static_cast<unsigned char>(c)) || c == '_' || c == '-' || c == '.'))
+            return false;
+    return true;
 }
 
 }  // namespace
@@ -165,7 +177,9 @@ void CXmlCommand::ParseCommandByHand(std::string_view text)
         if (close == std::string_view::npos)
             close = params.size();
         std::string value(params.substr(open + 1, close - open - 1));
-        if (!name.empty() && name != "/>")
+        // Only a real parameter name is taken, so that writing the command
+        // again gives a well-formed text.
+        if (IsParameterName(name))
             m_params.emplace_back(name, ReplaceSpecialCharsRev(value));
         // The next name starts after the blank before the next "=".
         std::size_t nextEquals = params.find('=', close);
