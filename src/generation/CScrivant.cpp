@@ -27,6 +27,8 @@
 #include "server/CScrivServerAgent.h"
 #include "server/CScrivServerData.h"
 #include "server/CScrivServerProxy.h"
+#include "uidesc/CClientUIObjectXml.h"
+#include "uidesc/CXmlForm.h"
 #include "server/LoadedForms.h"
 
 namespace scriv {
@@ -427,11 +429,68 @@ void CScrivant::ProcessSourceObject(CHelpPrjTreeNode& node)
     std::string picture = base + parameters.ImagesFileExt();
     std::string hostType = Agent().CurrentSourceProjectTypeName();
     int hwnd = Agent().HostAppMainWindowHWnd();
-    std::string description = CreateXmlDefForComponent(type, node.Name(), hwnd, !parameters.MakeNormalViewScreenshots,
+    std::unique_ptr<CXmlForm> form = CreateNormalizedXmlDef(type, node.Name(), hwnd, !parameters.MakeNormalViewScreenshots,
         picture, page, parameters.NoReportsScreenShots(), hostType, false);
+    if (!form)
+        Raise(status::kGeneralFailure, "CScrivant.ProcessHelpTreeAndGenerateHelp1",
+            "Error processing source project component [" + node.Name() + "]");
+
+    if (!form->Name.empty()) {
+        stats.ControlSectionsCount += static_cast<int>(form->Controls().Count());
+        // The source project is known to whichever of form and node has it.
+        if (form->SourceProjectName.empty())
+            form->SourceProjectName = node.SourceProjectName().empty() ? Agent().CurrentSourceProjectName()
+                                                                       : node.SourceProjectName();
+        if (node.SourceProjectName().empty())
+            node.SetSourceProjectName(form->SourceProjectName);
+        if (form->SourceProjectType.empty())
+            form->SourceProjectType = node.SourceProjectType().empty() ? hostType : node.SourceProjectType();
+        if (node.SourceProjectType().empty())
+            node.SetSourceProjectType(form->SourceProjectType);
+        Agent().ActivateComponent(type, node.Name(), false, false);
+    }
     Agent().CloseComponent(type, node.Name(), false);
-    Trace("ProcessHelpTreeAndGenerateHelp1: description of " + node.Name() + " has "
-        + std::to_string(description.size()) + " characters");
+    form->hWnd = 0;
+    if (form->StylesheetFullPath().empty())
+        form->SetStylesheetFullPath(parameters.CSSFullPath());
+    if (form->Charset.empty())
+        form->Charset = parameters.Charset;
+    if (node.GeneratedHTMLFile().empty())
+        node.SetGeneratedHTMLFile(page);
+
+    // The description is kept with the project, where the editor and the
+    // regeneration read it again.
+    if (CAddInProject* project = CurrentAddInProject()) {
+        std::string folder = project->XmlFormsFolder();
+        MakeFolders(folder);
+        form->SaveXml(folder, folder + node.XmlFormFileName());
+    }
+    Trace("ProcessHelpTreeAndGenerateHelp1: " + node.Name() + " has " + std::to_string(form->Controls().Count())
+        + " controls");
+}
+
+std::unique_ptr<CXmlForm> CScrivant::CreateNormalizedXmlDef(int objectType, const std::string& name, int hwnd,
+    bool designView, const std::string& picFullPath, const std::string& htmlFullPath, bool noScreenshots,
+    const std::string& hostProjectType, bool keepOpen)
+{
+    const CScrivantParameters& parameters = Parameters();
+    std::string text = CreateXmlDefForComponent(objectType, name, hwnd, designView, picFullPath, htmlFullPath,
+        noScreenshots, hostProjectType, keepOpen);
+    if (text.empty())
+        return nullptr;
+    bool isAccess = EqualsNoCase(hostProjectType, "MS ACCESS");
+    std::unique_ptr<CXmlForm> form = CClientUIObjectXml().AdjustForm(text, objectType, isAccess,
+        parameters.ImagesFormat(), picFullPath, htmlFullPath, parameters.NameOfFolderForGeneratedImages(), false);
+    if (!form)
+        return nullptr;
+    if (parameters.HotSpots())
+        form->HasMap = true;
+    form->SortControlsUsingTabIndex();
+    if (!htmlFullPath.empty())
+        form->SetHtmlFullPath(htmlFullPath);
+    if (!picFullPath.empty())
+        form->SetPicFullPath(picFullPath);
+    return form;
 }
 
 std::string CScrivant::CreateXmlDefForComponent(int objectType, const std::string& name, int hwnd, bool designView,

@@ -11,6 +11,7 @@ namespace scriv {
 class CHelpPrjTree;
 class CHelpPrjTreeNode;
 class CScrivantParameters;
+class CXmlForm;
 class IHostForm;
 
 // Turns the loaded contents tree into a help project on disk: one topic per
@@ -35,6 +36,11 @@ public:
     std::uint32_t LoadTreviewForActiveProject(bool keep, IHostForm* progressForm = nullptr);
     void UnLoadTreviewForActiveProject();
 
+    // The normalised description of one component: the host's description,
+    // adjusted, with its controls in tab order. Nothing when the host has none.
+    std::unique_ptr<CXmlForm> CreateNormalizedXmlDef(int objectType, const std::string& name, int hwnd,
+        bool designView, const std::string& picFullPath, const std::string& htmlFullPath, bool noScreenshots,
+        const std::string& hostProjectType, bool keepOpen);
     // The description of one component as the host gives it (the command
     // ProcessComponent), or "".
     std::string CreateXmlDefForComponent(int objectType, const std::string& name, int hwnd, bool designView,
