@@ -23,13 +23,13 @@ Begin VB.MDIForm frmMain
    End
    Begin MSComctlLib.Toolbar tbrMain 
       Align           =   1  'Align Top
-      Height          =   420
+      Height          =   630
       Left            =   0
       TabIndex        =   0
       Top             =   0
       Width           =   10320
       _ExtentX        =   18203
-      _ExtentY        =   741
+      _ExtentY        =   1111
       ButtonWidth     =   609
       ButtonHeight    =   582
       Appearance      =   1

@@ -3,6 +3,7 @@
 #include <CLI/CLI.hpp>
 
 #include "cli/CliSession.h"
+#include "cli/DescribeCommand.h"
 #include "cli/ProjectCommands.h"
 #include "foundation/EventLoop.h"
 #include "foundation/Version.h"
@@ -52,6 +53,16 @@ int main(int argc, char** argv)
     CLI::App* newCommand = app.add_subcommand("new", "Create a help project with the wizard and generate it");
     newCommand->add_option("--host", newHost, "XML description of the source projects, in place of a development environment");
 
+    DescribeOptions describe;
+    CLI::App* describeCommand
+        = app.add_subcommand("describe", "Print the normalised description of the forms of a VB6 project or group");
+    describeCommand->add_option("SOURCE", describe.source, "The VB6 project (.vbp) or project group (.vbg)")
+        ->required()
+        ->check(CLI::ExistingFile);
+    describeCommand->add_option("FORM", describe.forms, "Names of the forms to describe (all without any)");
+    describeCommand->add_option("--out", describe.out,
+        "Folder the help would be generated into (default: the CHM folder beside the project)");
+
     try {
         app.parse(argc, argv);
     } catch (const CLI::ParseError& error) {
@@ -64,6 +75,8 @@ int main(int argc, char** argv)
     }
     if (generateCommand->parsed())
         return RunGenerateFromContents(global, generate);
+    if (describeCommand->parsed())
+        return RunDescribe(global, describe);
     if (projectsCommand->parsed())
         return RunProjects(global);
     if (openCommand->parsed())

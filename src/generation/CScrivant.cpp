@@ -388,7 +388,6 @@ void CScrivant::WriteListPage(CHelpPrjTreeNode& node)
 
 void CScrivant::ProcessSourceObject(CHelpPrjTreeNode& node)
 {
-    CScrivantParameters& parameters = Parameters();
     CScrivStats& stats = Data().GenerationStats();
     if (!node.SourceProjectName().empty()) {
         Agent().SetCurrentSourceProject(node.SourceProjectName());
@@ -416,47 +415,15 @@ void CScrivant::ProcessSourceObject(CHelpPrjTreeNode& node)
     if (!node.GeneratedHTMLFile().empty() && FileExists(oldPage))
         DeleteFileIfExists(oldPage);
 
-    std::string base;
-    std::string page;
-    if (node.GeneratedHTMLFile().empty()) {
-        base = parameters.FolderForGeneratedImages() + GetComponentFileName(node.Name());
-        page = parameters.FolderForGeneratedHelp() + GetComponentFileName(node.Name()) + ".htm";
-    } else {
-        base = FolderOf(node.GeneratedHTMLFileFullPath()) + parameters.NameOfFolderForGeneratedImagesWithSlash()
-            + FileBaseName(node.GeneratedHTMLFile());
-        page = node.GeneratedHTMLFileFullPath();
-    }
-    std::string picture = base + parameters.ImagesFileExt();
-    std::string hostType = Agent().CurrentSourceProjectTypeName();
-    int hwnd = Agent().HostAppMainWindowHWnd();
-    std::unique_ptr<CXmlForm> form = CreateNormalizedXmlDef(type, node.Name(), hwnd, !parameters.MakeNormalViewScreenshots,
-        picture, page, parameters.NoReportsScreenShots(), hostType, false);
-    if (!form)
-        Raise(status::kGeneralFailure, "CScrivant.ProcessHelpTreeAndGenerateHelp1",
-            "Error processing source project component [" + node.Name() + "]");
-
-    if (!form->Name.empty()) {
-        stats.ControlSectionsCount += static_cast<int>(form->Controls().Count());
-        // The source project is known to whichever of form and node has it.
-        if (form->SourceProjectName.empty())
-            form->SourceProjectName = node.SourceProjectName().empty() ? Agent().CurrentSourceProjectName()
-                                                                       : node.SourceProjectName();
-        if (node.SourceProjectName().empty())
-            node.SetSourceProjectName(form->SourceProjectName);
-        if (form->SourceProjectType.empty())
-            form->SourceProjectType = node.SourceProjectType().empty() ? hostType : node.SourceProjectType();
-        if (node.SourceProjectType().empty())
-            node.SetSourceProjectType(form->SourceProjectType);
-        Agent().ActivateComponent(type, node.Name(), false, false);
-    }
-    Agent().CloseComponent(type, node.Name(), false);
-    form->hWnd = 0;
-    if (form->StylesheetFullPath().empty())
-        form->SetStylesheetFullPath(parameters.CSSFullPath());
-    if (form->Charset.empty())
-        form->Charset = parameters.Charset;
+    std::unique_ptr<CXmlForm> form = DescribeSourceObject(type, node.Name(), node.GeneratedHTMLFileFullPath(),
+        node.SourceProjectName(), node.SourceProjectType());
+    stats.ControlSectionsCount += static_cast<int>(form->Controls().Count());
+    if (node.SourceProjectName().empty())
+        node.SetSourceProjectName(form->SourceProjectName);
+    if (node.SourceProjectType().empty())
+        node.SetSourceProjectType(form->SourceProjectType);
     if (node.GeneratedHTMLFile().empty())
-        node.SetGeneratedHTMLFile(page);
+        node.SetGeneratedHTMLFile(FileNameOf(form->HtmlFullPath()));
 
     // The description is kept with the project, where the editor and the
     // regeneration read it again.
@@ -467,6 +434,46 @@ void CScrivant::ProcessSourceObject(CHelpPrjTreeNode& node)
     }
     Trace("ProcessHelpTreeAndGenerateHelp1: " + node.Name() + " has " + std::to_string(form->Controls().Count())
         + " controls");
+}
+
+std::unique_ptr<CXmlForm> CScrivant::DescribeSourceObject(int type, const std::string& name,
+    const std::string& pageFullPath, const std::string& sourceProjectName, const std::string& sourceProjectType)
+{
+    CScrivantParameters& parameters = Parameters();
+    std::string base;
+    std::string page = pageFullPath;
+    if (page.empty()) {
+        base = parameters.FolderForGeneratedImages() + GetComponentFileName(name);
+        page = parameters.FolderForGeneratedHelp() + GetComponentFileName(name) + ".htm";
+    } else {
+        base = FolderOf(page) + parameters.NameOfFolderForGeneratedImagesWithSlash() + FileBaseName(page);
+    }
+    std::string picture = base + parameters.ImagesFileExt();
+    std::string hostType = Agent().CurrentSourceProjectTypeName();
+    int hwnd = Agent().HostAppMainWindowHWnd();
+    std::unique_ptr<CXmlForm> form = CreateNormalizedXmlDef(type, name, hwnd, !parameters.MakeNormalViewScreenshots,
+        picture, page, parameters.NoReportsScreenShots(), hostType, false);
+    if (!form)
+        Raise(status::kGeneralFailure, "CScrivant.ProcessHelpTreeAndGenerateHelp1",
+            "Error processing source project component [" + name + "]");
+
+    if (!form->Name.empty()) {
+        // The source project is known to whichever of form and caller has it.
+        if (form->SourceProjectName.empty())
+            form->SourceProjectName = sourceProjectName.empty() ? Agent().CurrentSourceProjectName() : sourceProjectName;
+        if (form->SourceProjectType.empty())
+            form->SourceProjectType = sourceProjectType.empty() ? hostType : sourceProjectType;
+        Agent().ActivateComponent(type, name, false, false);
+    }
+    Agent().CloseComponent(type, name, false);
+    form->hWnd = 0;
+    if (form->StylesheetFullPath().empty())
+        form->SetStylesheetFullPath(parameters.CSSFullPath());
+    if (form->Charset.empty())
+        form->Charset = parameters.Charset;
+    if (form->HtmlFullPath().empty())
+        form->SetHtmlFullPath(page);
+    return form;
 }
 
 std::unique_ptr<CXmlForm> CScrivant::CreateNormalizedXmlDef(int objectType, const std::string& name, int hwnd,

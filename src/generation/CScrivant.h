@@ -36,6 +36,10 @@ public:
     std::uint32_t LoadTreviewForActiveProject(bool keep, IHostForm* progressForm = nullptr);
     void UnLoadTreviewForActiveProject();
 
+    // The description of a form as the generation saves it, with its page
+    // (pageFullPath, or the default page of name) and pictures named.
+    std::unique_ptr<CXmlForm> DescribeSourceObject(int type, const std::string& name, const std::string& pageFullPath,
+        const std::string& sourceProjectName = {}, const std::string& sourceProjectType = {});
     // The normalised description of one component: the host's description,
     // adjusted, with its controls in tab order. Nothing when the host has none.
     std::unique_ptr<CXmlForm> CreateNormalizedXmlDef(int objectType, const std::string& name, int hwnd,

@@ -73,6 +73,7 @@ public:
 CW_IDEVB6FormProcessor::CW_IDEVB6FormProcessor(Vb6FormFile& file, int windowHandle)
     : m_file(file)
     , m_windowHandle(windowHandle)
+    , m_component(std::make_unique<BlockObject>(&file.Form()))
 {
     m_metrics.SearchMetrics();
 }
@@ -158,8 +159,12 @@ std::string CW_IDEVB6FormProcessor::PropertyValue(IHostObject* object, const std
     const Vb6Block* block = BlockOf(object);
     if (!block)
         return {};
-    if (EqualsNoCase(name, "Name"))
-        return block->Name();
+    if (EqualsNoCase(name, "Name")) {
+        // The project knows a component by its VB_Name, which the IDE keeps
+        // equal to the form's name; an edited file may differ.
+        std::string componentName = object == m_component.get() ? m_file.Attribute("VB_Name") : std::string();
+        return componentName.empty() ? block->Name() : componentName;
+    }
     const Vb6Property* property = block->FindProperty(name);
     if (!property)
         return {};

@@ -97,7 +97,6 @@ TEST(Cli, TheUsersHomeIsLeftAloneWhenADataFolderIsGiven)
     EXPECT_TRUE(std::filesystem::is_empty(home.Path()));
     EXPECT_TRUE(FolderExists(data / "Settings"));
 }
-
 }  // namespace
 }  // namespace scriv
 
@@ -161,6 +160,69 @@ TEST(CliSettings, OptionsAreShownReadAndWritten)
     EXPECT_EQ(output, "2\n");
     EXPECT_EQ(RunProgram({ "settings", "--set", "NoSuchOption=1" }, output, data.Path()), 2);
     EXPECT_EQ(RunProgram({ "settings", "--get", "NoSuchOption" }, output, data.Path()), 2);
+}
+
+int CountOf(const std::string& text, const std::string& part)
+{
+    int count = 0;
+    for (std::size_t at = text.find(part); at != std::string::npos; at = text.find(part, at + part.size()))
+        ++count;
+    return count;
+}
+
+TEST(CliDescribe, EveryFormOfAProjectIsDescribed)
+{
+    test::TempFolder data;
+    std::string output;
+    std::string project = test::ExamplesFolder() + "OrderDesk/OrderDesk.vbp";
+    ASSERT_EQ(RunProgram({ "describe", project }, output, data.Path()), 0) << output;
+    EXPECT_EQ(CountOf(output, "</Form>"), 8) << output;
+    EXPECT_EQ(CountOf(output, "<Form Name = \"frmMain\""), 1);
+    EXPECT_EQ(output.find("scrivant:"), std::string::npos) << output;
+
+    ASSERT_EQ(RunProgram({ "describe", project, "frmOrder", "FRMABOUT" }, output, data.Path()), 0) << output;
+    EXPECT_EQ(CountOf(output, "</Form>"), 2);
+    EXPECT_NE(output.find("<Page Name = \"2_tabOrder\" Text = \"Delivery\""), std::string::npos) << output;
+    EXPECT_NE(output.find("HtmlFileName=\"frmAbout.htm\""), std::string::npos) << output;
+
+    ASSERT_EQ(RunProgram({ "describe", test::ExamplesFolder() + "Inventory/Inventory.vbg", "docReportSummary" }, output,
+                  data.Path()),
+        0)
+        << output;
+    EXPECT_NE(output.find("SourceProjectName = \"InventoryReports\""), std::string::npos) << output;
+}
+
+TEST(CliDescribe, AFormThatCannotBeReadIsNamedAndTheRestDescribed)
+{
+    test::TempFolder data;
+    test::TempFolder work;
+    std::string folder = test::CopyExample("OrderDesk", work);
+    std::string project = folder + "OrderDesk.vbp";
+    WriteFileBytes(project, "Form=frmBroken.frm\r\n" + ReadFileText(project).value());
+    WriteFileBytes(folder + "frmBroken.frm", "VERSION 5.00\r\nBegin VB.Form frmBroken\r\n   Caption = \"x\r\n");
+    std::string output;
+    ASSERT_EQ(RunProgram({ "describe", project }, output, data.Path()), 0) << output;
+    EXPECT_NE(output.find("frmBroken.frm(3)"), std::string::npos) << output;
+    EXPECT_EQ(CountOf(output, "</Form>"), 8);
+    // Alone, the broken form fails the run.
+    EXPECT_EQ(RunProgram({ "describe", project, "frmBroken" }, output, data.Path()), 1);
+    EXPECT_NE(output.find("frmBroken.frm(3)"), std::string::npos) << output;
+}
+
+TEST(CliDescribe, WrongSourcesAndFormsAreNamed)
+{
+    test::TempFolder data;
+    test::TempFolder work;
+    std::string output;
+    std::string project = test::ExamplesFolder() + "OrderDesk/OrderDesk.vbp";
+    EXPECT_EQ(RunProgram({ "describe", project, "frmNoSuch" }, output, data.Path()), 1);
+    EXPECT_NE(output.find("has no form frmNoSuch"), std::string::npos) << output;
+    EXPECT_EQ(RunProgram({ "describe", work / "missing.vbp" }, output, data.Path()), 2);
+    std::string notAGroup = work.Write("odd.vbg", "this is no group\r\n");
+    EXPECT_EQ(RunProgram({ "describe", notAGroup }, output, data.Path()), 1);
+    EXPECT_NE(output.find("odd.vbg"), std::string::npos) << output;
+    EXPECT_EQ(RunProgram({ "describe", "--help" }, output), 0);
+    EXPECT_NE(output.find("FORM"), std::string::npos) << output;
 }
 
 }  // namespace

@@ -55,6 +55,12 @@ protected:
     {
         auto host = CFakeHostContext::FromXml(hostXml);
         m_host = host.get();
+        return ConnectHost(std::move(host));
+    }
+
+    // Connects any host; the server becomes the current one.
+    CScrivServer& ConnectHost(std::unique_ptr<IHostIDEContext> host)
+    {
         m_client = std::make_unique<CScrivClient>();
         EXPECT_EQ(m_client->Connect(std::move(host)), 0u);
         CurrentServer()->Data().LoadSettings(false);

@@ -51,4 +51,15 @@ std::string SourceDataFolder()
     return std::string(SCRIVANT_TEST_DATA_DIR) + "/";
 }
 
+std::string ExamplesFolder()
+{
+    return fs::weakly_canonical(fs::path(SCRIVANT_TEST_DATA_DIR) / ".." / "examples").string() + "/";
+}
+
+std::string CopyExample(const std::string& name, const TempFolder& target)
+{
+    std::filesystem::copy(ExamplesFolder() + name, target / name, std::filesystem::copy_options::recursive);
+    return target / (name + "/");
+}
+
 }  // namespace scriv::test

@@ -28,5 +28,9 @@ private:
 
 // The data folder of the source tree (Templates/, Settings/, Redirect/).
 std::string SourceDataFolder();
+// The bundled example applications of the source tree.
+std::string ExamplesFolder();
+// A copy of the example folder name (e.g. "OrderDesk") in target, for tests that change files.
+std::string CopyExample(const std::string& name, const TempFolder& target);
 
 }  // namespace scriv::test

@@ -73,9 +73,9 @@ Begin VB.Form frmPrintPreview
             Italic          =   0   'False
             Strikethrough   =   0   'False
          EndProperty
-         Height          =   8415
+         Height          =   4815
          Left            =   360
-         ScaleHeight     =   8415
+         ScaleHeight     =   4815
          ScaleWidth      =   6495
          TabIndex        =   6
          Top             =   240
