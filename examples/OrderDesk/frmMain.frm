@@ -23,13 +23,13 @@ Begin VB.MDIForm frmMain
    End
    Begin MSComctlLib.Toolbar tbrMain 
       Align           =   1  'Align Top
-      Height          =   630
+      Height          =   420
       Left            =   0
       TabIndex        =   0
       Top             =   0
       Width           =   10320
       _ExtentX        =   18203
-      _ExtentY        =   1111
+      _ExtentY        =   741
       ButtonWidth     =   609
       ButtonHeight    =   582
       Appearance      =   1

@@ -70,6 +70,8 @@ int RunDescribe(const GlobalOptions& global, const DescribeOptions& options)
         return exitcode::kFailed;
     }
     CW_IDEVB6Context& host = *opened;
+    for (const std::string& error : host.OpenErrors())
+        std::cerr << "scrivant: " << error << "\n";
     session.Connect(std::move(opened));
     CScrivServerData& data = CurrentServer()->Data();
     data.LoadSettings(false);

@@ -134,6 +134,37 @@ bool FileExists(std::string_view path)
     return ::stat(std::string(path).c_str(), &info) == 0 && S_ISREG(info.st_mode);
 }
 
+std::string FindPathNoCase(std::string_view path)
+{
+    namespace fs = std::filesystem;
+    std::error_code error;
+    fs::path wanted { std::string(path) };
+    if (path.empty() || fs::exists(wanted, error))
+        return std::string(path);
+    // Files written on Windows are named in any case; look for each part of
+    // the path in its folder without regard to case.
+    fs::path found = wanted.root_path();
+    for (const fs::path& part : wanted.relative_path()) {
+        fs::path exact = found.empty() ? part : found / part;
+        if (fs::exists(exact, error) || part == "." || part == "..") {
+            found = exact;
+            continue;
+        }
+        fs::path folder = found.empty() ? fs::path(".") : found;
+        bool matched = false;
+        for (fs::directory_iterator it(folder, error), end; !error && it != end; it.increment(error)) {
+            if (EqualsNoCase(it->path().filename().string(), part.string())) {
+                found = found.empty() ? it->path().filename() : found / it->path().filename();
+                matched = true;
+                break;
+            }
+        }
+        if (!matched)
+            return std::string(path);
+    }
+    return found.string();
+}
+
 bool FolderExists(std::string_view path)
 {
     if (path.empty())

@@ -47,6 +47,9 @@ SplitPathResult SplitPath(std::string_view path);
 // --- the file system ---
 bool FileExists(std::string_view path);
 bool FolderExists(std::string_view path);
+// The path as it exists on disk when it exists in another case of letters
+// ("Form1.frm" for FORM1.FRM); otherwise the path unchanged.
+std::string FindPathNoCase(std::string_view path);
 // The whole of a file as bytes, or nothing when it is missing or unreadable.
 std::optional<std::string> ReadFileText(std::string_view path);
 // Writes bytes through a temporary file and a rename; false on failure.

@@ -57,12 +57,28 @@ std::unique_ptr<CW_IDEVB6Context> CW_IDEVB6Context::Open(const std::string& path
     } else {
         projectFiles.push_back(path);
     }
-    for (const std::string& file : projectFiles) {
+    bool isGroup = EndsWithNoCase(path, ".vbg");
+    std::size_t startupFile = context->m_current;
+    context->m_current = 0;
+    for (std::size_t i = 0; i < projectFiles.size(); ++i) {
         auto project = std::make_unique<Project>();
-        project->file = std::make_unique<Vb6ProjectFile>(Vb6ProjectFile::Load(file));
+        try {
+            project->file = std::make_unique<Vb6ProjectFile>(Vb6ProjectFile::Load(projectFiles[i]));
+        } catch (const ScrivError& error) {
+            // A group still opens without a project it cannot read.
+            if (!isGroup)
+                throw;
+            context->m_openErrors.push_back(error.Description());
+            Trace("CW_IDEVB6Context: " + error.Description());
+            continue;
+        }
         project->name = ProjectName(*project->file);
+        if (i == startupFile)
+            context->m_current = context->m_projects.size();
         context->m_projects.push_back(std::move(project));
     }
+    if (context->m_projects.empty() && !context->m_openErrors.empty())
+        Raise(status::kGeneralFailure, "CW_IDEVB6Context.Open", Join(context->m_openErrors, "\n"));
     if (context->m_projects.empty())
         Raise(status::kGeneralFailure, "CW_IDEVB6Context.Open", "The group '" + path + "' names no project.");
     return context;

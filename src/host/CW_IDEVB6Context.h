@@ -27,8 +27,11 @@ public:
         int windowHandle { 0 };
     };
 
-    // Opens a .vbp or .vbg. Raises ScrivError naming the file when it cannot be read.
+    // Opens a .vbp or .vbg. Raises ScrivError naming the file when it cannot be
+    // read, or when no project of a group can.
     static std::unique_ptr<CW_IDEVB6Context> Open(const std::string& path);
+    // Why projects of the group were left out, one text each.
+    const std::vector<std::string>& OpenErrors() const { return m_openErrors; }
     ~CW_IDEVB6Context() override;
 
     // The components of the current project, read on first use; a file that
@@ -96,6 +99,7 @@ private:
     void ReadComponents(Project& project);
 
     std::vector<std::unique_ptr<Project>> m_projects;
+    std::vector<std::string> m_openErrors;
     std::size_t m_current { 0 };
     bool m_useGroup { false };
     bool m_progressShown { false };

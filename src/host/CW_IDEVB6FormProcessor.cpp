@@ -40,6 +40,11 @@ std::string NameAsCaption(std::string name)
 
 }  // namespace
 
+double HimetricToTwips(double himetric)
+{
+    return himetric * 1440.0 / 2540.0;
+}
+
 int RoundHalfEven(double value)
 {
     return static_cast<int>(std::lrint(value));
@@ -576,9 +581,11 @@ IClientFormProcessor::Rect CW_IDEVB6FormProcessor::GetToolbarButtonRectangleInTw
     if (!block)
         return {};
     Rect bar = GetControlRectangleInTwips(form, control);
-    double width = block->Number("ButtonWidth", 345) / kTwipsPerPixel;
+    // The file keeps the button size in HIMETRIC, as it keeps _ExtentX; the
+    // IDE hands it out in twips. 609 x 582 is the size of a new toolbar.
+    double width = HimetricToTwips(block->Number("ButtonWidth", 609)) / kTwipsPerPixel;
     double factorY = ContainerIsForm(block) ? ScaleFactorY() : 1;
-    double height = block->Number("ButtonHeight", 330) * factorY / kTwipsPerPixel;
+    double height = HimetricToTwips(block->Number("ButtonHeight", 582)) * factorY / kTwipsPerPixel;
     return { RoundHalfEven(bar.left + (button - 1) * width), bar.top, RoundHalfEven(width), RoundHalfEven(height) };
 }
 

@@ -118,6 +118,9 @@ private:
 // The SSTab keeps the controls of its hidden pages this far to the left.
 inline constexpr double kHiddenTabOffset = 75000;
 
+// Hundredths of a millimetre, the unit of the sizes an OCX keeps in its file, in twips.
+double HimetricToTwips(double himetric);
+
 // Rounds to the nearest whole number, ties to the even one.
 int RoundHalfEven(double value);
 

@@ -53,6 +53,18 @@ TEST(FileSystem, WritesReadsCopiesAndCompares)
     EXPECT_FALSE(FileExists(folder / "x/y/z/test.txt"));
 }
 
+TEST(FileSystem, PathsWrittenOnWindowsAreFoundInAnyCase)
+{
+    test::TempFolder folder;
+    std::string form = folder.Write("Sub/FORM1.FRM", "x");
+    EXPECT_EQ(FindPathNoCase(folder / "sub/Form1.frm"), form);
+    EXPECT_EQ(FindPathNoCase(folder / "Sub/../Sub/form1.FRM"), folder / "Sub/../Sub/FORM1.FRM");
+    EXPECT_EQ(FindPathNoCase(form), form);
+    // What is not there in any case comes back as it was asked for.
+    EXPECT_EQ(FindPathNoCase(folder / "sub/Form2.frm"), folder / "sub/Form2.frm");
+    EXPECT_EQ(FindPathNoCase(""), "");
+}
+
 TEST(AppFolders, RedirectFilesMoveTheFolders)
 {
     test::TempFolder home;

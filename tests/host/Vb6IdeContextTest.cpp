@@ -194,10 +194,11 @@ TEST_F(Vb6IdeContextTest, TheMainWindowHasItsMenusToolbarAndBars)
     for (const pugi::xml_node& button : toolbar.child("Controls").children("ToolbarButton"))
         buttons.push_back(std::string(button.attribute("Name").value()) + "@" + button.attribute("Location").value());
     ASSERT_EQ(buttons.size(), 8u);
-    // 609 twips a button: one row, each button 40.6 pixels right of the one before.
+    // 609 HIMETRIC a button: one row, each button 23.02 pixels right of the one before.
     EXPECT_EQ(buttons[0], "1_tbrMain@0, 0");
-    EXPECT_EQ(buttons[1], "2_tbrMain@41, 0");
-    EXPECT_EQ(buttons[7], "8_tbrMain@284, 0");
+    EXPECT_EQ(buttons[1], "2_tbrMain@23, 0");
+    EXPECT_EQ(buttons[7], "8_tbrMain@161, 0");
+    EXPECT_STREQ(Control(toolbar, "1_tbrMain").attribute("Size").value(), "23, 22");
     EXPECT_STREQ(Control(toolbar, "1_tbrMain").attribute("Description").value(), "New order");
     EXPECT_TRUE(Control(form, "sbrMain"));
 }
@@ -345,6 +346,25 @@ TEST_F(Vb6IdeContextTest, AFormThatCannotBeReadIsNamedAndTheOthersAreStillRead)
     EXPECT_STREQ(Describe("frmAbout").attribute("Name").value(), "frmAbout");
 }
 
+TEST_F(Vb6IdeContextTest, FilesNamedInAnotherCaseThanTheProjectSaysAreFound)
+{
+    m_work.Write("APP.VBP", "Type=Exe\r\nForm=Forms\\Form1.frm\r\n");
+    m_work.Write("FORMS/FORM1.FRM", "VERSION 5.00\r\nBegin VB.Form Form1\r\n   Caption = \"One\"\r\nEnd\r\n");
+    CW_IDEVB6Context& host = Open(m_work / "APP.VBP");
+    ASSERT_EQ(host.Components().size(), 1u);
+    EXPECT_EQ(host.Components()[0].error, "");
+    EXPECT_EQ(host.Components()[0].path, m_work / "FORMS/FORM1.FRM");
+    EXPECT_STREQ(Describe("form1").attribute("Text").value(), "One");
+}
+
+TEST_F(Vb6IdeContextTest, AMissingFormFileIsSaidToBeMissing)
+{
+    m_work.Write("App.vbp", "Type=Exe\r\nForm=frmGone.frm\r\n");
+    CW_IDEVB6Context& host = Open(m_work / "App.vbp");
+    ASSERT_EQ(host.Components().size(), 1u);
+    EXPECT_EQ(host.Components()[0].error, "The form file '" + (m_work / "frmGone.frm") + "' does not exist.");
+}
+
 TEST_F(Vb6IdeContextTest, AnUnknownCommandIsRefusedWithItsName)
 {
     CW_IDEVB6Context& host = Open(test::ExamplesFolder() + "OrderDesk/OrderDesk.vbp");
@@ -439,6 +459,27 @@ TEST_F(Vb6IdeContextTest, TheProjectsOfAGroupAreTheSourceProjectsWithTheStartupO
     EXPECT_STREQ(document.attribute("OriginalClassName").value(), "UserDocument");
     // A user document has no frame of its own.
     EXPECT_STREQ(document.attribute("ClientAreaOffset").value(), "0, 0");
+}
+
+TEST_F(Vb6IdeContextTest, AGroupOpensWithoutTheProjectsItCannotRead)
+{
+    m_work.Write("One/One.vbp", "Type=Exe\r\nForm=frmOne.frm\r\nName=\"One\"\r\n");
+    m_work.Write("One/frmOne.frm", "VERSION 5.00\r\nBegin VB.Form frmOne\r\nEnd\r\n");
+    m_work.Write("Three/Three.vbp", "Type=Exe\r\nName=\"Three\"\r\n");
+    m_work.Write("All.vbg", "VBGROUP 5.0\r\nProject=One\\One.vbp\r\nProject=Two\\Two.vbp\r\nStartupProject=Three\\Three.vbp\r\n");
+    CW_IDEVB6Context& host = Open(m_work / "All.vbg");
+    EXPECT_EQ(host.SourceProjectsList(), "One|Three");
+    EXPECT_EQ(host.CurrentSourceProjectName(), "Three");
+    ASSERT_EQ(host.OpenErrors().size(), 1u);
+    EXPECT_NE(host.OpenErrors()[0].find("Two.vbp"), std::string::npos) << host.OpenErrors()[0];
+
+    m_work.Write("None.vbg", "VBGROUP 5.0\r\nProject=Two\\Two.vbp\r\n");
+    try {
+        CW_IDEVB6Context::Open(m_work / "None.vbg");
+        FAIL();
+    } catch (const ScrivError& error) {
+        EXPECT_NE(error.Description().find("Two.vbp"), std::string::npos) << error.Description();
+    }
 }
 
 }  // namespace

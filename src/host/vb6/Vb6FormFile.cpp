@@ -290,6 +290,8 @@ private:
 Vb6FormFile Vb6FormFile::Load(const std::string& path)
 {
     std::optional<std::string> bytes = ReadFileText(path);
+    if (!bytes && !FileExists(path))
+        Raise(status::kGeneralFailure, "Vb6FormFile.Load", "The form file '" + path + "' does not exist.");
     if (!bytes)
         Raise(status::kGeneralFailure, "Vb6FormFile.Load", "Can't read the form file '" + path + "'");
     return Parse(*bytes, path);

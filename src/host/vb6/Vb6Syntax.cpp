@@ -230,7 +230,7 @@ std::string ResolveVb6Path(std::string_view folder, std::string_view path)
     if (trimmed.rfind("\\\\", 0) == 0 || trimmed.find(':') != std::string::npos)
         return native;
     std::filesystem::path joined = std::filesystem::path(std::string(folder)) / native;
-    return joined.lexically_normal().string();
+    return FindPathNoCase(joined.lexically_normal().string());
 }
 
 bool StartsWithVb6Keyword(std::string_view raw, std::string_view keyword)
