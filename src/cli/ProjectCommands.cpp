@@ -17,6 +17,7 @@
 #include "model/CAddInSettingsXmlFile.h"
 #include "model/CHeadlessTreeView.h"
 #include "model/CHelpPrjTree.h"
+#include "host/CW_IDEVB6Context.h"
 #include "server/CScrivActions.h"
 #include "server/CScrivServer.h"
 #include "server/CScrivServerData.h"
@@ -26,10 +27,14 @@ namespace scriv {
 
 namespace {
 
+// A VB6 project or group is read from its files; an XML file describes
+// projects and forms in place of a development environment.
 std::unique_ptr<IHostIDEContext> MakeHost(const std::string& hostFile)
 {
     if (hostFile.empty())
         return std::make_unique<CFakeHostContext>();
+    if (EndsWithNoCase(hostFile, ".vbp") || EndsWithNoCase(hostFile, ".vbg"))
+        return CW_IDEVB6Context::Open(hostFile);
     return CFakeHostContext::FromFile(hostFile);
 }
 

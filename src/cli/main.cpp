@@ -41,7 +41,8 @@ int main(int argc, char** argv)
     std::string openHost;
     CLI::App* openCommand = app.add_subcommand("open", "Open a help project and print its contents tree");
     openCommand->add_option("project", openFile, "The project file (.svp)")->required();
-    openCommand->add_option("--host", openHost, "XML description of the source projects, in place of a development environment");
+    openCommand->add_option("--host", openHost,
+        "The VB6 project (.vbp) or group (.vbg) the help documents, or an XML description of its projects and forms");
 
     std::string getOption;
     std::string setOption;
@@ -51,7 +52,8 @@ int main(int argc, char** argv)
 
     std::string newHost;
     CLI::App* newCommand = app.add_subcommand("new", "Create a help project with the wizard and generate it");
-    newCommand->add_option("--host", newHost, "XML description of the source projects, in place of a development environment");
+    newCommand->add_option("--host", newHost,
+        "The VB6 project (.vbp) or group (.vbg) to document, or an XML description of its projects and forms");
 
     DescribeOptions describe;
     CLI::App* describeCommand

@@ -209,6 +209,24 @@ TEST(CliDescribe, AFormThatCannotBeReadIsNamedAndTheRestDescribed)
     EXPECT_NE(output.find("frmBroken.frm(3)"), std::string::npos) << output;
 }
 
+TEST(CliNew, AVb6ProjectGetsAHelpProjectWithADescriptionPerForm)
+{
+    test::TempFolder data;
+    test::TempFolder work;
+    std::string folder = test::CopyExample("OrderDesk", work);
+    std::string output;
+    ASSERT_EQ(RunProgram({ "--yes", "new", "--host", folder + "OrderDesk.vbp" }, output, data.Path()), 0) << output;
+    EXPECT_TRUE(FileExists(folder + "CHM/OrderDesk.svp")) << output;
+    EXPECT_TRUE(FileExists(folder + "CHM/Welcome.htm"));
+    for (const char* form : { "frmMain", "frmOrder", "ctlDatePicker" }) {
+        std::string description = folder + "CHM/xml/OrderDesk_Form_" + form + ".xml";
+        ASSERT_TRUE(FileExists(description)) << description;
+        EXPECT_NE(ReadFileText(description)->find("Name = \"" + std::string(form) + "\""), std::string::npos);
+    }
+    EXPECT_NE(ReadFileText(folder + "CHM/xml/OrderDesk_Form_frmOrder.xml")->find("<Page Name = \"0_tabOrder\""),
+        std::string::npos);
+}
+
 TEST(CliDescribe, WrongSourcesAndFormsAreNamed)
 {
     test::TempFolder data;
