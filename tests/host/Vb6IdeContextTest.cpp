@@ -8,6 +8,8 @@
 #include "foundation/ScrivError.h"
 #include "foundation/StringUtil.h"
 #include "host/CW_IDEVB6Context.h"
+#include "host/CW_IDEVB6FormProcessor.h"
+#include "host/clsFormCollection.h"
 #include "host/vb6/Vb6FormFile.h"
 #include "model/CHelpPrjTreeNode.h"
 #include "server/CScrivServerAgent.h"
@@ -480,6 +482,29 @@ TEST_F(Vb6IdeContextTest, AGroupOpensWithoutTheProjectsItCannotRead)
     } catch (const ScrivError& error) {
         EXPECT_NE(error.Description().find("Two.vbp"), std::string::npos) << error.Description();
     }
+}
+
+TEST_F(Vb6IdeContextTest, AFormCollectionKeepsItsFormsInOrderOfCaption)
+{
+    CW_IDEVB6Context& host = Open(test::ExamplesFolder() + "OrderDesk/OrderDesk.vbp");
+    std::vector<std::unique_ptr<CW_IDEVB6FormProcessor>> processors;
+    for (const char* name : { "frmOrder", "frmAbout", "frmCustomer", "frmLogin" }) {
+        CW_IDEVB6Context::Component* component = host.FindComponent(name);
+        processors.push_back(std::make_unique<CW_IDEVB6FormProcessor>(*component->file, component->windowHandle));
+    }
+    clsFormCollection forms(*processors[0]);
+    // Without a caption the form's own counts: "Order", "About Order Desk".
+    forms.Add(processors[0]->Component());
+    forms.Add(processors[1]->Component());
+    forms.Add(processors[2]->Component(), "about order desk");
+    forms.Add(processors[3]->Component(), "Zebra");
+    ASSERT_EQ(forms.Count(), 4u);
+    EXPECT_EQ(forms.Item(0), processors[1]->Component());
+    EXPECT_EQ(forms.Item(1), processors[2]->Component());
+    EXPECT_EQ(forms.Item(2), processors[0]->Component());
+    EXPECT_EQ(forms.Item(3), processors[3]->Component());
+    EXPECT_EQ(forms.Caption(processors[0]->Component()), "Order");
+    EXPECT_EQ(forms.Caption(nullptr), "");
 }
 
 }  // namespace
