@@ -1,5 +1,7 @@
 #include "uidesc/CClientUIObjectRawXml.h"
 
+#include <algorithm>
+
 #include "foundation/CTraceLog.h"
 #include "foundation/StringUtil.h"
 #include "foundation/TextEncoding.h"
@@ -94,6 +96,21 @@ struct RootElement {
         return out + ">" + kCrLfText;
     }
 };
+
+// A host's type name as an element name: what XML does not allow in a name
+// becomes "_".
+std::string ElementNameFor(const std::string& type)
+{
+    auto isNameChar = [](char c) {
+        return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') || (c >= '0' && c <= '9') || c == '_' || c == '-'
+            || c == '.';
+    };
+    std::string name = type;
+    std::replace_if(name.begin(), name.end(), [&](char c) { return !isNameChar(c); }, '_');
+    if (name.empty() || !((name[0] >= 'A' && name[0] <= 'Z') || (name[0] >= 'a' && name[0] <= 'z') || name[0] == '_'))
+        name.insert(0, "_");
+    return name;
+}
 
 }  // namespace
 
@@ -206,7 +223,7 @@ std::string CClientUIObjectRawXml::WalkControl(IHostObject* control, int level)
     if (element.caption == "-" || EqualsNoCase(type, "menu") || EqualsNoCase(type, "mainmenu"))
         return {};
     element.originalClassName = type;
-    element.type = type;
+    element.type = ElementNameFor(type);
     element.level = level;
 
     bool tabControl = EqualsNoCase(type, "TabControl") || EqualsNoCase(type, "SSTab");

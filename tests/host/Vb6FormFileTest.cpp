@@ -622,6 +622,11 @@ TEST(Vb6FormFaultTest, LinesThatCannotBeReadAreNamed)
     faultAtLine3("   Begin VB.Label");
     faultAtLine3("   End now");
     faultAtLine3("   BeginProperty Font {A} extra");
+    // Names and types are identifiers; anything else would be carried into the descriptions.
+    EXPECT_NE(faultAtLine3("   Begin MSComctlLib.Toolbar, tbr").find("no control type"), std::string::npos);
+    EXPECT_NE(faultAtLine3("   Begin VB.Label 1st").find("no control name"), std::string::npos);
+    faultAtLine3("   Begin VB..Label lbl");
+    faultAtLine3("   Begin VB.Label lbl<x>");
     std::string attribute = ReadFault(IdeBytes("VERSION 5.00\nBegin VB.Form f\nEnd\nAttribute VB_Name\n"));
     EXPECT_EQ(attribute.rfind("frmBad.frm(4): ", 0), 0u) << attribute;
 }

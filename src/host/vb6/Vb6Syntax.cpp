@@ -1,6 +1,7 @@
 #include "host/vb6/Vb6Syntax.h"
 
 #include <algorithm>
+#include <cctype>
 #include <filesystem>
 
 #include "foundation/CodePage.h"
@@ -44,6 +45,32 @@ bool IsValidPropertyName(std::string_view name)
     return std::none_of(name.begin(), name.end(), [](char c) { return IsVb6Blank(c) || c == '"'; });
 }
 
+// Letters, digits and "_", starting with a letter; bytes of the code page's
+// letters (0x80 and up) count as letters.
+bool IsIdentifier(std::string_view word)
+{
+    auto isLetter = [](unsigned char c) { return std::isalpha(c) || c >= 0x80; };
+    if (word.empty() || !isLetter(static_cast<unsigned char>(word.front())))
+        return false;
+    return std::all_of(word.begin(), word.end(),
+        [&](char c) { return isLetter(static_cast<unsigned char>(c)) || std::isdigit(static_cast<unsigned char>(c)) || c == '_'; });
+}
+
+// "VB.CommandButton", "MSComctlLib.Toolbar", or a class id "{...}".
+bool IsTypeName(std::string_view type)
+{
+    if (type.size() > 2 && type.front() == '{' && type.back() == '}')
+        return true;
+    for (std::size_t start = 0;;) {
+        std::size_t dot = type.find('.', start);
+        if (!IsIdentifier(type.substr(start, dot - start)))
+            return false;
+        if (dot == std::string_view::npos)
+            return true;
+        start = dot + 1;
+    }
+}
+
 // The words after a keyword: up to maxWords of them; false when more follow.
 bool ReadWords(std::string_view raw, std::size_t pos, std::vector<std::string_view>& words, std::size_t maxWords)
 {
@@ -65,6 +92,14 @@ std::optional<Vb6Line> ReadBlockLine(std::string_view raw, std::size_t pos, Vb6L
     case Vb6Line::Kind::Begin:
         if (!ReadWords(raw, pos, words, 2) || words.size() != 2) {
             fault = "a Begin line needs a type and a name";
+            return std::nullopt;
+        }
+        if (!IsTypeName(words[0])) {
+            fault = "'" + std::string(words[0]) + "' is no control type";
+            return std::nullopt;
+        }
+        if (!IsIdentifier(words[1])) {
+            fault = "'" + std::string(words[1]) + "' is no control name";
             return std::nullopt;
         }
         line.type = words[0];
