@@ -86,13 +86,7 @@ void CSourceProjectVB6::ReadFormHeader(const std::string& relativePath, Vb6FormK
     if (property && property->line < form.FirstNestedLine() && property->Text())
         caption = Trim(*property->Text());
     auto item = std::make_unique<CHelpPrjSourceItem>();
-    item->BaseFolder = m_folder;
-    item->RelativePath = relativePath;
-    item->ProjectName = m_name;
-    item->FormName = name;
-    item->FormCaption = caption;
-    item->SubType = "Form";
-    item->GUIObjectSubType = subType;
+    item->InitForVb6(m_folder, relativePath, m_name, "VB6", name, caption, subType);
     std::string key = name;
     m_forms.Add(std::move(key), std::move(item));
 }

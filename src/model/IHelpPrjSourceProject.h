@@ -4,6 +4,8 @@
 #include <string>
 #include <vector>
 
+#include <pugixml.hpp>
+
 #include "foundation/KeyedCollection.h"
 
 namespace scriv {
@@ -30,6 +32,27 @@ public:
     // The object type code of the item's kind.
     int ObjectType() const;
     void Terminate() { }
+
+    // --- makers, one per origin; none of them raises ---
+
+    // From the File element of a Visual Studio project file in folder. With
+    // extraFileName the item is that file (joined to folder when it exists
+    // there); otherwise the link, or folder + the relative path. Parses it.
+    void Init(const pugi::xml_node& fileElement, const std::string& folder, const std::string& projectName,
+        const std::string& typeName, const std::string& extraFileName = {});
+    void InitForVb6(const std::string& folder, const std::string& relativePath, const std::string& projectName,
+        const std::string& typeName, const std::string& formName, const std::string& formCaption,
+        const std::string& guiObjectSubType);
+    void InitForMSAccess(const std::string& folder, const std::string& relativePath, const std::string& projectName,
+        const std::string& subType, const std::string& formName, const std::string& formCaption);
+    void InitForMSExcel(const std::string& folder, const std::string& relativePath, const std::string& projectName,
+        const std::string& subType, const std::string& formName, const std::string& formCaption);
+
+    // Reads the form's name and caption from a source code file of a Visual
+    // Studio form ("VB.NET", "C#", "J#", "C++", "ASP.NET"); a designer file and
+    // its companion stand in for each other. False when the file is missing
+    // or cannot be read; the defaults (the file's base name) then stay.
+    bool Parse(const std::string& fullPath, const std::string& typeName, bool followDesigner);
 };
 
 using SourceItems = KeyedCollection<std::unique_ptr<CHelpPrjSourceItem>>;
