@@ -37,6 +37,16 @@ public:
     void HourglassOn() override;
     void HourglassOff() override;
     void HourglassOffFinal() override;
+    // The prefixes of component names that the generated help uses; a host
+    // whose objects are named otherwise gives its own.
+    std::string FormNamePrefix() override { return "dlg_"; }
+    std::string ReportNamePrefix() override { return "rpt_"; }
+    std::string TableNamePrefix() override { return "tbl"; }
+    std::string QueryNamePrefix() override { return "qry"; }
+    std::string MacroNamePrefix() override { return "mcr"; }
+    // Only a host that draws forms with scroll bars corrects their size.
+    void CorrectInsideWidthAndHeight(int, const std::string&, bool) override { }
+    void ResetInsideWidthAndHeight(int, const std::string&, bool) override { }
 
     // The nesting count of the hourglass; the pointer shows "wait" above 0.
     int HourglassCount() const { return m_hourglassCount; }

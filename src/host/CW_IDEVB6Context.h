@@ -72,18 +72,11 @@ public:
     void ProgressMeterUpdate(int currentValue) override;
     void myDoevents() override;
     bool ComponentExists(int compType, const std::string& compName) override;
-    std::string FormNamePrefix() override { return "dlg_"; }
-    std::string ReportNamePrefix() override { return "rpt_"; }
-    std::string TableNamePrefix() override { return "tbl"; }
-    std::string QueryNamePrefix() override { return "qry"; }
-    std::string MacroNamePrefix() override { return "mcr"; }
     void CloseComponent(int objType, const std::string& objName, bool saveFlag) override;
     void SetComponentHelp(int objType, const std::string& objName, int helpContextId) override;
     int ActivateComponent(int objType, const std::string& objName, bool forceOpenInDesignView,
         bool forceOpenAsHidden) override;
     bool ActivateControl(const std::string& controlFullPath, bool runtimeFlag, bool setFocusFlag) override;
-    void CorrectInsideWidthAndHeight(int, const std::string&, bool) override { }
-    void ResetInsideWidthAndHeight(int, const std::string&, bool) override { }
 
     static constexpr int kMainWindowHandle = 1;
 

@@ -126,14 +126,8 @@ void CHelpPrjSourceItem::InitForVb6(const std::string& folder, const std::string
     const std::string& projectName, const std::string& typeName, const std::string& formName,
     const std::string& formCaption, const std::string& guiObjectSubType)
 {
-    BaseFolder = AddBackslash(folder);
-    RelativePath = relativePath;
-    ProjectName = projectName;
-    FormName = formName;
-    FormCaption = formCaption;
+    InitForMSAccess(folder, relativePath, projectName, "Form", formName, formCaption);
     GUIObjectSubType = guiObjectSubType;
-    BuildAction = "Compile";
-    SubType = "Form";
 }
 
 void CHelpPrjSourceItem::InitForMSAccess(const std::string& folder, const std::string& relativePath,
