@@ -1,6 +1,8 @@
 #include "host/CW_IDEVB6FormProcessor.h"
 
+#include <algorithm>
 #include <cmath>
+#include <limits>
 
 #include "foundation/EventLoop.h"
 #include "foundation/StringUtil.h"
@@ -45,9 +47,28 @@ double HimetricToTwips(double himetric)
     return himetric * 1440.0 / 2540.0;
 }
 
+int ToInt(double value)
+{
+    // A file may hold any number; what no int can hold stands at the nearest end.
+    if (std::isnan(value))
+        return 0;
+    if (value >= static_cast<double>(std::numeric_limits<int>::max()))
+        return std::numeric_limits<int>::max();
+    if (value <= static_cast<double>(std::numeric_limits<int>::min()))
+        return std::numeric_limits<int>::min();
+    return static_cast<int>(value);
+}
+
 int RoundHalfEven(double value)
 {
-    return static_cast<int>(std::lrint(value));
+    return ToInt(std::nearbyint(value));
+}
+
+int Pixels(double value)
+{
+    // No screen is a million pixels wide; held there, sums of nested offsets stay in range.
+    constexpr int kLimit = 1'000'000;
+    return std::clamp(RoundHalfEven(value), -kLimit, kLimit);
 }
 
 class CW_IDEVB6FormProcessor::BlockObject : public IHostObject {
@@ -209,10 +230,10 @@ std::string CW_IDEVB6FormProcessor::ControlCaptionGet(IHostObject* control)
     std::string type = ToLower(block->ShortType());
     if (caption.empty() && (type == "textbox" || type == "combobox" || type == "listbox") && block->Parent()) {
         // The label just before the control in the tab order names it.
-        int tabIndex = static_cast<int>(block->Number("TabIndex", -10));
+        int tabIndex = ToInt(block->Number("TabIndex", -10));
         for (const auto& sibling : block->Parent()->Children()) {
             if (EqualsNoCase(sibling->ShortType(), "Label") && sibling->HasProperty("TabIndex")
-                && static_cast<int>(sibling->Number("TabIndex", -10)) + 1 == tabIndex) {
+                && ToInt(sibling->Number("TabIndex", -10)) + 1 == tabIndex) {
                 caption = sibling->Text("Caption");
                 break;
             }
@@ -248,7 +269,7 @@ std::string CW_IDEVB6FormProcessor::ObjectTypeName(IHostObject* object)
 int CW_IDEVB6FormProcessor::ScaleMode(IHostObject* form)
 {
     const Vb6Block* block = BlockOf(form);
-    return block ? static_cast<int>(block->Number("ScaleMode", 1)) : 1;
+    return block ? ToInt(block->Number("ScaleMode", 1)) : 1;
 }
 
 CControlsCollection CW_IDEVB6FormProcessor::ControlsCollectionGet(IHostObject* object)
@@ -292,12 +313,12 @@ std::string CW_IDEVB6FormProcessor::ControlSeedTextGet(IHostObject* form, IHostO
 int CW_IDEVB6FormProcessor::ActivePage(const Vb6Block* tabControl) const
 {
     auto active = m_activePages.find(tabControl);
-    return active != m_activePages.end() ? active->second : static_cast<int>(tabControl->Number("Tab", 0));
+    return active != m_activePages.end() ? active->second : ToInt(tabControl->Number("Tab", 0));
 }
 
 int CW_IDEVB6FormProcessor::PageOf(const Vb6Block* tabControl, const Vb6Block* control) const
 {
-    int pages = static_cast<int>(tabControl->Number("Tabs", 3));
+    int pages = ToInt(tabControl->Number("Tabs", 3));
     for (int page = 0; page < pages; ++page)
         for (const std::string& name : tabControl->TabPageControlNames(page))
             if (EqualsNoCase(name, control->IndexedName()))
@@ -307,7 +328,7 @@ int CW_IDEVB6FormProcessor::PageOf(const Vb6Block* tabControl, const Vb6Block* c
 
 void CW_IDEVB6FormProcessor::MovePageControls(const Vb6Block* tabControl, int page)
 {
-    int designPage = static_cast<int>(tabControl->Number("Tab", 0));
+    int designPage = ToInt(tabControl->Number("Tab", 0));
     for (const auto& child : tabControl->Children()) {
         int childPage = PageOf(tabControl, child.get());
         if (childPage < 0)
@@ -362,7 +383,7 @@ std::string CW_IDEVB6FormProcessor::TabControlCaptionGet(IHostObject* control)
 int CW_IDEVB6FormProcessor::TabControlPagesQtyGet(IHostObject* control)
 {
     const Vb6Block* block = BlockOf(control);
-    return block ? static_cast<int>(block->Number("Tabs", 3)) : 0;
+    return block ? ToInt(block->Number("Tabs", 3)) : 0;
 }
 
 CControlsCollection CW_IDEVB6FormProcessor::TabPageControlsCollectionGet(IHostObject* control, int page)
@@ -382,7 +403,7 @@ int CW_IDEVB6FormProcessor::BorderStyle(IHostObject* form)
     int fallback = framed ? 2 : 0;
     if (m_file.Kind() == Vb6FormKind::MDIForm)
         return 2;
-    return static_cast<int>(block->Number("BorderStyle", fallback));
+    return ToInt(block->Number("BorderStyle", fallback));
 }
 
 int CW_IDEVB6FormProcessor::MenuBarHeight() const
@@ -404,8 +425,8 @@ void CW_IDEVB6FormProcessor::GetComponentWidthAndHeightInTwips(IHostObject* form
     int frame = m_metrics.FrameWidth(style);
     double clientWidth = block->Number("ClientWidth", block->Number("ScaleWidth", block->Number("Width", 0)));
     double clientHeight = block->Number("ClientHeight", block->Number("ScaleHeight", block->Number("Height", 0)));
-    width = RoundHalfEven(clientWidth / kTwipsPerPixel) + 2 * frame;
-    height = RoundHalfEven(clientHeight / kTwipsPerPixel) + m_metrics.GetFormNCM(style) + MenuBarHeight() + 2 * frame;
+    width = Pixels(clientWidth / kTwipsPerPixel) + 2 * frame;
+    height = Pixels(clientHeight / kTwipsPerPixel) + m_metrics.GetFormNCM(style) + MenuBarHeight() + 2 * frame;
 }
 
 int CW_IDEVB6FormProcessor::FormClientAreaOffsetX(IHostObject* form)
@@ -428,13 +449,13 @@ int CW_IDEVB6FormProcessor::FormClientAreaOffsetY(IHostObject* form)
 void CW_IDEVB6FormProcessor::GetControlIndexes(IHostObject* control, int& tabIndex, int& index)
 {
     const Vb6Block* block = BlockOf(control);
-    tabIndex = block ? static_cast<int>(block->Number("TabIndex", 0)) : 0;
+    tabIndex = block ? ToInt(block->Number("TabIndex", 0)) : 0;
     index = block ? block->Index().value_or(0) : 0;
 }
 
 double CW_IDEVB6FormProcessor::ScaleFactorX() const
 {
-    switch (static_cast<int>(FormBlock()->Number("ScaleMode", 1))) {
+    switch (ToInt(FormBlock()->Number("ScaleMode", 1))) {
     case 0:
     case 1:
         return 1;
@@ -457,7 +478,7 @@ double CW_IDEVB6FormProcessor::ScaleFactorX() const
 
 double CW_IDEVB6FormProcessor::ScaleFactorY() const
 {
-    int mode = static_cast<int>(FormBlock()->Number("ScaleMode", 1));
+    int mode = ToInt(FormBlock()->Number("ScaleMode", 1));
     return mode == 4 ? 240 : ScaleFactorX();
 }
 
@@ -480,8 +501,8 @@ IClientFormProcessor::Rect CW_IDEVB6FormProcessor::GetControlRectangleInTwips(IH
         width = FormBlock()->Number("ClientWidth", 0) / ScaleFactorX();
     double factorX = ContainerIsForm(block) ? ScaleFactorX() : 1;
     double factorY = ContainerIsForm(block) ? ScaleFactorY() : 1;
-    return { RoundHalfEven(left * factorX / kTwipsPerPixel), RoundHalfEven(top * factorY / kTwipsPerPixel),
-        RoundHalfEven(width * factorX / kTwipsPerPixel), RoundHalfEven(height * factorY / kTwipsPerPixel) };
+    return { Pixels(left * factorX / kTwipsPerPixel), Pixels(top * factorY / kTwipsPerPixel),
+        Pixels(width * factorX / kTwipsPerPixel), Pixels(height * factorY / kTwipsPerPixel) };
 }
 
 IClientFormProcessor::Rect CW_IDEVB6FormProcessor::GetTabPageTabRectangleInTwips(int page, IHostObject* form,
@@ -491,16 +512,16 @@ IClientFormProcessor::Rect CW_IDEVB6FormProcessor::GetTabPageTabRectangleInTwips
     if (!block)
         return {};
     Rect rect = GetControlRectangleInTwips(form, control);
-    int pages = static_cast<int>(block->Number("Tabs", 3));
-    int perRow = static_cast<int>(block->Number("TabsPerRow", 3));
+    int pages = ToInt(block->Number("Tabs", 3));
+    int perRow = ToInt(block->Number("TabsPerRow", 3));
     double tabHeightTwips = block->Number("TabHeight", 353);
     int column = perRow < 1 ? page : page % perRow;
     int row = perRow < 1 ? 0 : (pages - 1) / perRow - page / perRow;
     double tabWidth = perRow < 1 ? rect.width : static_cast<double>(rect.width) / perRow;
     double factorY = ContainerIsForm(block) ? ScaleFactorY() : 1;
     double tabHeight = tabHeightTwips * factorY / kTwipsPerPixel;
-    return { RoundHalfEven(tabWidth * column + rect.left), RoundHalfEven(tabHeight * row + rect.top),
-        RoundHalfEven(tabWidth), RoundHalfEven(tabHeight) };
+    return { Pixels(tabWidth * column + rect.left), Pixels(tabHeight * row + rect.top),
+        Pixels(tabWidth), Pixels(tabHeight) };
 }
 
 // --- help context ids ---
@@ -513,13 +534,13 @@ void CW_IDEVB6FormProcessor::SetComponentHelpContextId(IHostObject* form, bool a
 int CW_IDEVB6FormProcessor::GetComponentHelpContextId(IHostObject* form, bool a)
 {
     const Vb6Block* block = BlockOf(form);
-    return block ? static_cast<int>(block->Number("HelpContextID", 0)) : 0;
+    return block ? ToInt(block->Number("HelpContextID", 0)) : 0;
 }
 
 int CW_IDEVB6FormProcessor::GetControlHelpContextId(IHostObject* control)
 {
     const Vb6Block* block = BlockOf(control);
-    return block ? static_cast<int>(block->Number("HelpContextID", 0)) : 0;
+    return block ? ToInt(block->Number("HelpContextID", 0)) : 0;
 }
 
 // --- menus ---
@@ -548,7 +569,7 @@ int CW_IDEVB6FormProcessor::ToolbarButtonsQtyGet(IHostObject* control)
 {
     const Vb6Block* block = BlockOf(control);
     const Vb6PropertyGroup* buttons = block ? block->FindGroup("Buttons") : nullptr;
-    return buttons ? static_cast<int>(buttons->Number("NumButtons", 0)) : 0;
+    return buttons ? ToInt(buttons->Number("NumButtons", 0)) : 0;
 }
 
 IHostObject* CW_IDEVB6FormProcessor::ToolbarButton(IHostObject* control, int button)
@@ -586,7 +607,7 @@ IClientFormProcessor::Rect CW_IDEVB6FormProcessor::GetToolbarButtonRectangleInTw
     double width = HimetricToTwips(block->Number("ButtonWidth", 609)) / kTwipsPerPixel;
     double factorY = ContainerIsForm(block) ? ScaleFactorY() : 1;
     double height = HimetricToTwips(block->Number("ButtonHeight", 582)) * factorY / kTwipsPerPixel;
-    return { RoundHalfEven(bar.left + (button - 1) * width), bar.top, RoundHalfEven(width), RoundHalfEven(height) };
+    return { Pixels(bar.left + (button - 1) * width), bar.top, Pixels(width), Pixels(height) };
 }
 
 }  // namespace scriv

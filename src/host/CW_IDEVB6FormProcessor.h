@@ -121,7 +121,12 @@ inline constexpr double kHiddenTabOffset = 75000;
 // Hundredths of a millimetre, the unit of the sizes an OCX keeps in its file, in twips.
 double HimetricToTwips(double himetric);
 
-// Rounds to the nearest whole number, ties to the even one.
+// The whole part of value, held to the range of int (NaN gives 0).
+int ToInt(double value);
+
+// Rounds to the nearest whole number, ties to the even one; held to the range of int.
 int RoundHalfEven(double value);
+// A measure in pixels, rounded as RoundHalfEven and held within a million either way.
+int Pixels(double value);
 
 }  // namespace scriv
