@@ -11,6 +11,7 @@
 #include "generation/CScrivant.h"
 #include "generation/CScrivantParameters.h"
 #include "host/CFakeHostContext.h"
+#include "host/CW_IDEVB6Context.h"
 #include "model/CAddInProjects.h"
 #include "model/CHelpPrjTree.h"
 #include "server/CScrivClient.h"
@@ -39,6 +40,36 @@ void CliSession::Connect(std::unique_ptr<IHostIDEContext> host)
     m_client = std::make_unique<CScrivClient>();
     if (m_client->Connect(std::move(host)) != 0 || !CurrentServer())
         Raise(status::kGeneralFailure, "CliSession.Connect", "The server could not be started.");
+}
+
+std::unique_ptr<IHostIDEContext> MakeHost(const std::string& hostFile)
+{
+    if (hostFile.empty())
+        return std::make_unique<CFakeHostContext>();
+    if (EndsWithNoCase(hostFile, ".vbp") || EndsWithNoCase(hostFile, ".vbg"))
+        return CW_IDEVB6Context::Open(hostFile);
+    return CFakeHostContext::FromFile(hostFile);
+}
+
+int ExitCodeOf(std::uint32_t status)
+{
+    if (status == 0)
+        return exitcode::kDone;
+    return status == status::kAbandoned ? exitcode::kCancelled : exitcode::kFailed;
+}
+
+int WithSession(const GlobalOptions& global, const std::string& hostFile,
+    const std::function<int(CScrivServer&)>& body)
+{
+    try {
+        CliSession session(global);
+        session.Connect(MakeHost(hostFile));
+        CurrentServer()->Data().LoadSettings(false);
+        return body(*CurrentServer());
+    } catch (const ScrivError& error) {
+        std::cerr << "scrivant: " << error.Description() << "\n";
+        return exitcode::kFailed;
+    }
 }
 
 namespace {

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <cstdint>
+#include <functional>
 #include <memory>
 #include <string>
 
@@ -37,6 +39,18 @@ public:
 private:
     std::unique_ptr<CScrivClient> m_client;
 };
+
+class CScrivServer;
+
+// The host of a source: a VB6 project or group read from its files, an XML
+// description of projects and forms, or (for "") a host with no projects.
+std::unique_ptr<IHostIDEContext> MakeHost(const std::string& hostFile);
+// The exit code of a status: 0 done, cancelled, or failed.
+int ExitCodeOf(std::uint32_t status);
+// Runs body in a session connected to the host of hostFile, with the
+// settings loaded; a ScrivError becomes a message and exit code 1.
+int WithSession(const GlobalOptions& global, const std::string& hostFile,
+    const std::function<int(CScrivServer&)>& body);
 
 struct GenerateOptions {
     std::string contents;

@@ -27,39 +27,6 @@ namespace scriv {
 
 namespace {
 
-// A VB6 project or group is read from its files; an XML file describes
-// projects and forms in place of a development environment.
-std::unique_ptr<IHostIDEContext> MakeHost(const std::string& hostFile)
-{
-    if (hostFile.empty())
-        return std::make_unique<CFakeHostContext>();
-    if (EndsWithNoCase(hostFile, ".vbp") || EndsWithNoCase(hostFile, ".vbg"))
-        return CW_IDEVB6Context::Open(hostFile);
-    return CFakeHostContext::FromFile(hostFile);
-}
-
-int ExitCodeOf(std::uint32_t status)
-{
-    if (status == 0)
-        return exitcode::kDone;
-    return status == status::kAbandoned ? exitcode::kCancelled : exitcode::kFailed;
-}
-
-// Runs a command body with a connected session; failures become messages.
-template<typename Body>
-int WithSession(const GlobalOptions& global, const std::string& hostFile, Body body)
-{
-    try {
-        CliSession session(global);
-        session.Connect(MakeHost(hostFile));
-        CurrentServer()->Data().LoadSettings(false);
-        return body(*CurrentServer());
-    } catch (const ScrivError& error) {
-        std::cerr << "scrivant: " << error.Description() << "\n";
-        return exitcode::kFailed;
-    }
-}
-
 // --- the wizard on a console ---
 
 void AskControl(CHelpWizardForm& wizard, CHelpWizardFormPageControl& control)
@@ -189,6 +156,8 @@ int RunOpen(const GlobalOptions& global, const std::string& projectFile, const s
         scriv.HelpProjectTree().DisplayInTreeview(&view);
         CAddInProject* project = server.Data().Projects().CurrentProject();
         std::cout << "Help project " << (project ? project->Name : "") << " (" << path << ")\n\n" << view.Render();
+        // The tree lets go of the view before the view goes.
+        scriv.UnLoadTreviewForActiveProject();
         return exitcode::kDone;
     });
 }
@@ -247,9 +216,8 @@ int RunNew(const GlobalOptions& global, const std::string& hostFile)
             DriveWizard(*wizard);
             status = 0;
         }
+        // The statistics were shown in the closing message.
         const std::string& statistics = server.Actions().LastStatistics();
-        if (!statistics.empty())
-            std::cout << ReplaceAll(statistics, "\r\n", "\n") << "\n";
         if (status != 0)
             return ExitCodeOf(status);
         return statistics.empty() ? exitcode::kCancelled : (ErrorCounter() == 0 ? exitcode::kDone : exitcode::kFailed);

@@ -4,6 +4,8 @@
 
 #include "cli/CliSession.h"
 #include "cli/DescribeCommand.h"
+#include "cli/GenerateCommands.h"
+#include "cli/ScreenshotCommand.h"
 #include "cli/ProjectCommands.h"
 #include "foundation/EventLoop.h"
 #include "foundation/Version.h"
@@ -26,14 +28,41 @@ int main(int argc, char** argv)
     app.add_flag("-y,--yes", global.assumeYes, "Answer Yes (or OK) to every question of the run");
 
     GenerateOptions generate;
-    CLI::App* generateCommand = app.add_subcommand("generate", "Generate a help project");
-    generateCommand->add_option("--contents", generate.contents, "Contents document to generate from (XML)")
-        ->required();
-    generateCommand->add_option("--out", generate.out, "Folder to write the help project into")->required();
+    SourceGenerateOptions fromSource;
+    CLI::App* generateCommand = app.add_subcommand("generate",
+        "Generate the help project of an application: topics, contents, index, browser help and compiled help");
+    generateCommand->add_option("SOURCE", fromSource.source,
+        "The VB6 project (.vbp) or group (.vbg) to document, or an XML description of its projects and forms");
+    auto* contentsOption = generateCommand->add_option("--contents", generate.contents,
+        "Generate the plain topics of a contents document (XML) instead of an application");
+    generateCommand->add_option("--out", generate.out,
+        "Folder to write the help project into (default for SOURCE: the CHM folder beside the application)");
+    generateCommand->add_option("--images", fromSource.images, "Screenshots as jpg or bmp")
+        ->check(CLI::IsMember({ "jpg", "bmp" }));
+    generateCommand->add_flag("--no-compile", fromSource.noCompile, "Do not run the help compiler");
+    generateCommand->add_flag("--open", fromSource.open, "Open the compiled help when it is made");
     generateCommand->add_option("--host", generate.host,
-        "XML description of the projects and forms to document, in place of a development environment");
-    generateCommand->add_option("--name", generate.name, "Name of the help project");
-    generateCommand->add_option("--title", generate.title, "Title of the help");
+        "With --contents: XML description of the projects and forms to document");
+    generateCommand->add_option("--name", generate.name, "With --contents: name of the help project");
+    generateCommand->add_option("--title", generate.title, "With --contents: title of the help");
+
+    std::string recompileFile;
+    std::string recompileHost;
+    bool webOnly = false;
+    CLI::App* recompileCommand = app.add_subcommand("recompile",
+        "Rewrite the contents, index, browser help and compiled help of a help project from its pages as they stand");
+    recompileCommand->add_option("PROJECT", recompileFile, "The help project file (.svp)")->required();
+    recompileCommand->add_flag("--web-only", webOnly, "Bring the browser help up to date without compiling");
+    recompileCommand->add_option("--host", recompileHost,
+        "The application's project, when it is not the one the help project was made for");
+
+    std::string regenerateFile;
+    std::string regenerateHost;
+    CLI::App* regenerateCommand = app.add_subcommand("regenerate",
+        "Add topics for the forms the application has gained, keeping every page edited by hand");
+    regenerateCommand->add_option("PROJECT", regenerateFile, "The help project file (.svp)")->required();
+    regenerateCommand->add_option("--host", regenerateHost,
+        "The application's project, when it is not the one the help project was made for");
 
     CLI::App* projectsCommand = app.add_subcommand("projects", "List the registered help projects");
 
@@ -65,6 +94,19 @@ int main(int argc, char** argv)
     describeCommand->add_option("--out", describe.out,
         "Folder the help would be generated into (default: the CHM folder beside the project)");
 
+    ScreenshotCommandOptions screenshot;
+    CLI::App* screenshotCommand
+        = app.add_subcommand("screenshot", "Draw one form of a VB6 project as Windows shows it, into a picture file");
+    screenshotCommand->add_option("SOURCE", screenshot.source, "The VB6 project (.vbp) or project group (.vbg)")
+        ->required()
+        ->check(CLI::ExistingFile);
+    screenshotCommand->add_option("FORM", screenshot.form, "The form, user control or user document to draw")->required();
+    screenshotCommand->add_option("--out", screenshot.out, "The picture file: .bmp, .jpg or .jpeg")->required();
+    screenshotCommand->add_option("--page", screenshot.pages, "Show a tab page first: TABCONTROL=PAGE (page from 0)");
+    screenshotCommand->add_flag("--runtime", screenshot.runtimeView,
+        "Leave out controls that are invisible while the program runs");
+    screenshotCommand->add_option("--quality", screenshot.quality, "JPEG quality, 1 to 100")->check(CLI::Range(1, 100));
+
     try {
         app.parse(argc, argv);
     } catch (const CLI::ParseError& error) {
@@ -75,8 +117,31 @@ int main(int argc, char** argv)
         std::cout << kProgramTitle << " " << kProgramVersion << "\n";
         return exitcode::kDone;
     }
-    if (generateCommand->parsed())
-        return RunGenerateFromContents(global, generate);
+    if (generateCommand->parsed()) {
+        if (contentsOption->count() > 0 && !fromSource.source.empty()) {
+            std::cerr << "scrivant generate: give either SOURCE or --contents, not both.\n";
+            return exitcode::kUsage;
+        }
+        if (contentsOption->count() > 0) {
+            if (generate.out.empty()) {
+                std::cerr << "scrivant generate: --contents needs --out.\n";
+                return exitcode::kUsage;
+            }
+            return RunGenerateFromContents(global, generate);
+        }
+        if (fromSource.source.empty()) {
+            std::cerr << "scrivant generate: SOURCE is required (or --contents FILE --out DIR).\n";
+            return exitcode::kUsage;
+        }
+        fromSource.out = generate.out;
+        return RunGenerateSource(global, fromSource);
+    }
+    if (recompileCommand->parsed())
+        return RunRecompile(global, recompileFile, webOnly, recompileHost);
+    if (regenerateCommand->parsed())
+        return RunRegenerate(global, regenerateFile, regenerateHost);
+    if (screenshotCommand->parsed())
+        return RunScreenshot(global, screenshot);
     if (describeCommand->parsed())
         return RunDescribe(global, describe);
     if (projectsCommand->parsed())

@@ -162,11 +162,13 @@ std::string NewGuid()
     return text + "}";
 }
 
-int ShellAndWait(const std::vector<std::string>& argv, std::string* capturedOutput)
+int ShellAndWait(const std::vector<std::string>& argv, std::string* capturedOutput, const std::string& workingFolder)
 {
     if (argv.empty() || argv.front().empty())
         return -1;
     SpawnActions actions;
+    if (!workingFolder.empty())
+        posix_spawn_file_actions_addchdir_np(actions.Get(), workingFolder.c_str());
     FileDescriptor readEnd;
     FileDescriptor writeEnd;
     if (capturedOutput) {

@@ -15,8 +15,10 @@ std::string NewGuid();
 // involved) and waits for it. Answers its exit code, 128 + the signal number
 // when a signal ended it, or -1 when it could not be started. With
 // capturedOutput, what the program writes to its standard output and error is
-// collected there; otherwise those stay the caller's.
-int ShellAndWait(const std::vector<std::string>& argv, std::string* capturedOutput = nullptr);
+// collected there; otherwise those stay the caller's. With workingFolder the
+// program starts in that folder.
+int ShellAndWait(const std::vector<std::string>& argv, std::string* capturedOutput = nullptr,
+    const std::string& workingFolder = {});
 
 // Opens a file or address with the desktop's handler (xdg-open) and does not
 // wait for it. False when the handler cannot be started.

@@ -15,6 +15,8 @@
 #include "foundation/Version.h"
 #include "generation/CScrivantParameters.h"
 #include "generation/Templates.h"
+#include "generation/HtmlHelpCompiler.h"
+#include "generation/clsHHK.h"
 #include "generation/clsHTMLFile.h"
 #include "host/CHostContextBase.h"
 #include "model/CAddInProject.h"
@@ -23,6 +25,7 @@
 #include "model/CHelpPrjTree.h"
 #include "model/IHelpPrjSourceProject.h"
 #include "model/Serializers.h"
+#include "model/clsFrmRptHelpContextIds.h"
 #include "server/CScrivServer.h"
 #include "server/CScrivServerAgent.h"
 #include "server/CScrivServerData.h"
@@ -62,7 +65,11 @@ std::string Timestamp()
 
 }  // namespace
 
-CScrivant::CScrivant() = default;
+CScrivant::CScrivant()
+    : m_helpIndex(std::make_unique<clsHHK>())
+    , m_helpContextIds(std::make_unique<clsFrmRptHelpContextIds>())
+{
+}
 
 CScrivant::~CScrivant()
 {
@@ -86,6 +93,7 @@ void CScrivant::Terminate()
     if (m_terminated)
         return;
     m_terminated = true;
+    m_helpContextIds->Terminate();
     if (m_tree) {
         m_tree->Terminate();
         m_tree.reset();
@@ -179,16 +187,17 @@ std::uint32_t CScrivant::GenerateHTMLForProject(bool process, bool regenerating)
     CScrivantParameters& parameters = Parameters();
     Agent().HourglassOn();
     Agent().ProgressMeterInit("Starting help Generation...", 3);
-    std::uint32_t result = 0;
+    m_helpIndex = std::make_unique<clsHHK>();
 
     MakeFolders(parameters.FolderForGeneratedImages());
     Trace(Timestamp() + ": Timestamp - Creating HTML Files.");
-    result = ProcessHelpTreeAndGenerateHelp(regenerating);
+    std::uint32_t result = ProcessHelpTreeAndGenerateHelp(regenerating);
     if (result == 0 && !Data().GenerationInterrupted) {
         Trace(Timestamp() + ": Timestamp - Creating HHC and HHK Files.");
         SaveHelpProjectFiles();
         if (!Data().GenerationInterrupted) {
             Trace(Timestamp() + ": Timestamp - Creating HHO and related Files.");
+            WriteHHPFile({});
             if (result != 0 && !Data().GenerationInterrupted) {
                 MsgBox("Errors occurred during help generation - check the Folder:" + kCrLfText + kCrLfText
                         + parameters.FolderForGeneratedHelp(),
@@ -198,9 +207,10 @@ std::uint32_t CScrivant::GenerateHTMLForProject(bool process, bool regenerating)
                 Trace(Timestamp() + ": Timestamp - Compiling HTML Help.");
                 Data().ProgressBarInit("Processing generated HTML Help...", 4);
                 Data().ProgressBarUpdate("Compiling HTML Help...", 1);
+                CompileHtmlHelp();
                 Data().ProgressBarUpdate("Copying compiled HTML Help...", 1);
                 Agent().ProgressMeterUpdate(2);
-                result = 0;
+                result = CopyCompiledHelp() ? 0 : status::kAbandoned;
             }
         }
     }
@@ -234,6 +244,8 @@ std::uint32_t CScrivant::ProcessHelpTreeAndGenerateHelp(bool regenerating)
     int counter = 0;
 
     if (root && !Data().GenerationInterrupted) {
+        if (!regenerating)
+            m_helpContextIds->Reset();
         Agent().ProgressMeterUpdate(0);
         Agent().ProgressMeterInit("Processing TOC...", total);
         Agent().SetUseProjectGroupAsSourceFlag(parameters.UseProjectGroupAsSource);
@@ -267,6 +279,11 @@ bool CScrivant::ProcessHelpTreeAndGenerateHelp1(int level, CHelpPrjTreeNode& par
 
     for (CHelpPrjTreeNode* child : children) {
         if (regenerating && !child->RegenerateHelpFiles) {
+            // A topic left alone still holds its ids, so they are not given again.
+            int type = child->ObjectType();
+            if (child->ProcessCode() == processcode::kSourceObject && (type == objtype::kForm || type == objtype::kReport))
+                if (std::unique_ptr<CXmlForm> form = child->LoadXmlForm())
+                    m_helpContextIds->ExtractUsedHelpContextIds(*form);
             if (ProcessHelpTreeAndGenerateHelp1(level + 1, *child, total, counter, regenerating))
                 return true;
             continue;
@@ -287,6 +304,8 @@ bool CScrivant::ProcessHelpTreeAndGenerateHelp1(int level, CHelpPrjTreeNode& par
             bool writesPage = !child->HasSerializer() && !child->Skipped();
             if (writesPage && processcode::IsListCode(child->ProcessCode()) && !child->TemplateHtmlFile().empty())
                 WriteListPage(*child);
+            for (const std::string& keyword : child->IndexesCollection())
+                m_helpIndex->AddCustomLink(child->Caption(), keyword, child->GeneratedHTMLFile(), "");
             std::string page = child->GeneratedHTMLFileFullPath();
             if (!page.empty() && FileExists(page))
                 ++Data().GenerationStats().HelpPagesCount;
@@ -424,7 +443,13 @@ void CScrivant::ProcessSourceObject(CHelpPrjTreeNode& node)
         node.SetSourceProjectType(form->SourceProjectType);
     if (node.GeneratedHTMLFile().empty())
         node.SetGeneratedHTMLFile(FileNameOf(form->HtmlFullPath()));
+    if (form->GUIObjectSubType.empty())
+        form->GUIObjectSubType = node.PropertyValue("GUIObjectSubType");
+    if (!form->Name.empty())
+        m_helpContextIds->ExtractUsedHelpContextIds(*form);
 
+    std::string page = form->HtmlFullPath();
+    WriteObjectPage(*form, type, page);
     // The description is kept with the project, where the editor and the
     // regeneration read it again.
     if (CAddInProject* project = CurrentAddInProject()) {
@@ -432,8 +457,54 @@ void CScrivant::ProcessSourceObject(CHelpPrjTreeNode& node)
         MakeFolders(folder);
         form->SaveXml(folder, folder + node.XmlFormFileName());
     }
+    SetPageTitle(*form, page);
     Trace("ProcessHelpTreeAndGenerateHelp1: " + node.Name() + " has " + std::to_string(form->Controls().Count())
         + " controls");
+}
+
+void CScrivant::WriteObjectPage(CXmlForm& form, int type, const std::string& page)
+{
+    switch (type) {
+    case objtype::kForm:
+        form.SaveHTMLEx(page, false);
+        break;
+    case objtype::kReport:
+        form.SaveHTMLEx(page, true);
+        break;
+    case objtype::kTable:
+        form.SaveHTML4Table(page, "table.htm");
+        break;
+    case objtype::kQuery:
+        form.SaveHTML4Table(page, "query.htm", Agent().GetQueryXmlStr(form.Name));
+        break;
+    case objtype::kMacro:
+        form.SaveHTML4Table(page, "macro.htm");
+        break;
+    case objtype::kWorksheet:
+        form.SaveHTML4Worksheet(page, "worksheet.htm", Agent().GetWksHtml(form.Name));
+        break;
+    case objtype::kChart:
+        form.SaveHTML4Worksheet(page, "chart.htm", Agent().GetWksHtml(form.Name));
+        break;
+    default:
+        Raise(status::kGeneralFailure, "CScrivant.ProcessHelpTreeAndGenerateHelp1",
+            "Unknown ProcessCode = " + std::to_string(type) + " for " + form.Name);
+    }
+}
+
+void CScrivant::SetPageTitle(CXmlForm& form, const std::string& page)
+{
+    const CScrivantParameters& parameters = Parameters();
+    clsHTMLFile file;
+    if (file.Load(page) != 0)
+        return;
+    // Titles of compiled help want a doubled ampersand.
+    std::string title = EscapeHtmlEntities(parameters.IdentifyControls() == 0 ? form.Caption() : form.Name, true);
+    file.Title = title;
+    file.Caption = title;
+    file.CSSFullPath = parameters.CSSFullPath();
+    file.Charset = form.Charset.empty() ? parameters.Charset : form.Charset;
+    file.Save();
 }
 
 std::unique_ptr<CXmlForm> CScrivant::DescribeSourceObject(int type, const std::string& name,
@@ -567,6 +638,10 @@ void CScrivant::ProcessHelpTreeAndGenerateHelp2(CHelpPrjTreeNode& root, bool reg
         contents.Save(target);
     }
     CopyStyleSheet();
+    Trace(Timestamp() + ": Timestamp - Assigning Help Context Ids.");
+    m_helpContextIds->AssignHelpContextIds();
+    Trace(Timestamp() + ": Timestamp - Setting Help Context Ids.");
+    m_helpContextIds->SetHelpContextIds();
 }
 
 void CScrivant::CopyStyleSheet()
@@ -594,8 +669,13 @@ std::uint32_t CScrivant::SaveHelpProjectFiles()
         result = status::kAbandoned;
     } else {
         CHelpPrjTree& tree = HelpProjectTree();
+        CAddInProject& project = *CurrentAddInProject();
         Data().ProgressBarUpdate("Saving project...", 1);
         result = Data().Projects().Save();
+        Data().ProgressBarUpdate("Generating contents...", 2);
+        tree.SaveHHC(project.HHCFullPath());
+        Data().ProgressBarUpdate("Generating index...", 3);
+        tree.MakeAndSaveHHK(project.HHKFullPath(), *m_helpIndex);
         Data().ProgressBarUpdate("Generating and saving checksums...", 4);
         tree.CheckSums().Recalc();
         tree.SaveCheckSums(true);

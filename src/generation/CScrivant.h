@@ -10,6 +10,8 @@ namespace scriv {
 
 class CHelpPrjTree;
 class CHelpPrjTreeNode;
+class clsFrmRptHelpContextIds;
+class clsHHK;
 class CScrivantParameters;
 class CXmlForm;
 class IHostForm;
@@ -64,10 +66,22 @@ public:
         bool regenerating);
     void ProcessHelpTreeAndGenerateHelp2(CHelpPrjTreeNode& root, bool regenerating);
     std::uint32_t SaveHelpProjectFiles();
+    // The help compiler's project file (path, or the project's own) and the
+    // text popups file beside it. 0 on success.
+    std::uint32_t WriteHHPFile(const std::string& path);
+    void WriteTextPopupsFile();
+    // The text of the project file.
+    std::string HHPText();
+
+    // The index of the run and the help context ids of the project.
+    clsHHK& HelpIndex() { return *m_helpIndex; }
+    clsFrmRptHelpContextIds& HelpContextIds() { return *m_helpContextIds; }
 
 private:
     void ProcessNode(CHelpPrjTreeNode& child, int level, int total, int counter, bool regenerating);
     void ProcessSourceObject(CHelpPrjTreeNode& node);
+    void WriteObjectPage(CXmlForm& form, int type, const std::string& page);
+    void SetPageTitle(CXmlForm& form, const std::string& page);
     void WritePlainTopic(CHelpPrjTreeNode& node, const std::vector<std::string>& replacements);
     void NameListPage(CHelpPrjTreeNode& node);
     void WriteListPage(CHelpPrjTreeNode& node);
@@ -77,6 +91,8 @@ private:
     void BackupProjectFolder(const std::string& folder);
 
     std::unique_ptr<CHelpPrjTree> m_tree;
+    std::unique_ptr<clsHHK> m_helpIndex;
+    std::unique_ptr<clsFrmRptHelpContextIds> m_helpContextIds;
     std::chrono::steady_clock::time_point m_objectTimer;
     bool m_terminated { false };
 };

@@ -48,6 +48,8 @@ public:
     bool UnattendedExecution { false };
     bool WizardUnattendedExecution { false };
     bool VerboseTracing { false };
+    // The help compiler to run; empty: chmcmd, else hhc, found on PATH.
+    std::string HelpCompilerPath;
 
     // --- section switches of the page templates and of the project file ---
     bool AddControlsListForMenuList { false };

@@ -152,6 +152,7 @@ void CAddInSettings::Load(const ISettings& settings, bool withProjectFields)
     p.UnattendedExecution = flag("UnattendedExecution");
     p.WizardUnattendedExecution = flag("WizardUnattendedExecution");
     p.VerboseTracing = flag("VerboseTracing");
+    p.HelpCompilerPath = text("HelpCompilerPath");
 }
 
 void CAddInSettings::Save(ISettings& settings)
@@ -230,6 +231,7 @@ const std::vector<std::string>& CAddInSettings::KnownOptions()
         recorder.names.push_back("WizardUnattendedExecution");
         recorder.names.push_back("VerboseTracing");
         recorder.names.push_back("DefaultHtmlFullPath");
+        recorder.names.push_back("HelpCompilerPath");
         return recorder.names;
     }();
     return names;

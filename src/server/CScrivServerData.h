@@ -66,6 +66,9 @@ public:
     // No one is there to answer the wizard: it finishes with the settings' values.
     bool Unattended { false };
     bool GenerationInterrupted { false };
+    // Documented controls and menus of form topics get entries of their own
+    // in the contents and the browser tree.
+    bool ControlTopicsInContents { false };
 
 private:
     CScrivServer& m_server;

@@ -64,6 +64,20 @@ public:
     // whether the lists changed; false too when the page cannot be read.
     bool MakeDefs(std::string_view htmlFileFullPath, bool replace = true);
 
+    // --- the topic page ---
+
+    // Writes the page of a form or report from the "form.htm" template and
+    // reads its documented controls back. Without a file name only the text
+    // is made. The page text, or "" when the description does not read.
+    std::string SaveHTMLEx(std::string_view fileFullPath, bool isReport);
+    // The page of a table, query or macro from its own template; queryXml
+    // lists the fields of a query.
+    std::string SaveHTML4Table(std::string_view fileFullPath, std::string_view templateName,
+        std::string_view queryXml = {});
+    // The page of a worksheet or chart; worksheetHtml is the host's picture of it.
+    std::string SaveHTML4Worksheet(std::string_view fileFullPath, std::string_view templateName,
+        std::string_view worksheetHtml);
+
     // --- the tree ---
     Sections_t& Sections() { return m_sections; }
     const Sections_t& Sections() const { return m_sections; }

@@ -46,7 +46,11 @@ TEST(Cli, BadUsageEndsWithCodeTwo)
 {
     std::string output;
     EXPECT_EQ(RunProgram({ "generate", "--out", "/tmp/x" }, output), 2);
-    EXPECT_NE(output.find("--contents is required"), std::string::npos) << output;
+    EXPECT_NE(output.find("SOURCE is required"), std::string::npos) << output;
+    EXPECT_EQ(RunProgram({ "generate", "--contents", "a.xml" }, output), 2);
+    EXPECT_NE(output.find("--contents needs --out"), std::string::npos) << output;
+    EXPECT_EQ(RunProgram({ "generate", "app.vbp", "--contents", "a.xml", "--out", "x" }, output), 2);
+    EXPECT_EQ(RunProgram({ "generate", "app.vbp", "--images", "gif" }, output), 2);
     EXPECT_EQ(RunProgram({ "--no-such-option" }, output), 2);
     EXPECT_EQ(RunProgram({ "--home", "/no/such/folder", "generate", "--contents", "a", "--out", "b" }, output), 2);
 }
@@ -225,6 +229,32 @@ TEST(CliNew, AVb6ProjectGetsAHelpProjectWithADescriptionPerForm)
     }
     EXPECT_NE(ReadFileText(folder + "CHM/xml/OrderDesk_Form_frmOrder.xml")->find("<Page Name = \"0_tabOrder\""),
         std::string::npos);
+}
+
+TEST(CliScreenshot, AFormIsDrawnIntoAJpegOrABitmap)
+{
+    test::TempFolder data;
+    test::TempFolder work;
+    std::string project = test::ExamplesFolder() + "OrderDesk/OrderDesk.vbp";
+    std::string output;
+    ASSERT_EQ(RunProgram({ "screenshot", project, "frmOrder", "--out", work / "order.jpg", "--page", "tabOrder=1" },
+                  output, data.Path()),
+        0)
+        << output;
+    std::string jpeg = ReadFileText(work / "order.jpg").value_or("");
+    ASSERT_GT(jpeg.size(), 1000u);
+    EXPECT_EQ(jpeg.substr(0, 3), "\xFF\xD8\xFF");
+    ASSERT_EQ(RunProgram({ "screenshot", project, "frmAbout", "--out", work / "about.bmp" }, output, data.Path()), 0)
+        << output;
+    std::string bitmap = ReadFileText(work / "about.bmp").value_or("");
+    ASSERT_GT(bitmap.size(), 54u);
+    EXPECT_EQ(bitmap.substr(0, 2), "BM");
+    // 385 x 239 pixels of 3 bytes, rows padded to 4 bytes, and the headers.
+    EXPECT_EQ(bitmap.size(), 54u + 239u * ((385u * 3 + 3) / 4 * 4));
+
+    EXPECT_EQ(RunProgram({ "screenshot", project, "frmAbout", "--out", work / "about.gif" }, output, data.Path()), 2);
+    EXPECT_EQ(RunProgram({ "screenshot", project, "frmNoSuch", "--out", work / "x.jpg" }, output, data.Path()), 1);
+    EXPECT_NE(output.find("frmNoSuch"), std::string::npos) << output;
 }
 
 TEST(CliDescribe, WrongSourcesAndFormsAreNamed)
