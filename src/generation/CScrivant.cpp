@@ -32,6 +32,7 @@
 #include "server/CScrivServerProxy.h"
 #include "uidesc/CClientUIObjectXml.h"
 #include "uidesc/CXmlForm.h"
+#include "screenshots/Screenshot.h"
 #include "server/LoadedForms.h"
 
 namespace scriv {
@@ -407,6 +408,7 @@ void CScrivant::WriteListPage(CHelpPrjTreeNode& node)
 
 void CScrivant::ProcessSourceObject(CHelpPrjTreeNode& node)
 {
+    const CScrivantParameters& parameters = Parameters();
     CScrivStats& stats = Data().GenerationStats();
     if (!node.SourceProjectName().empty()) {
         Agent().SetCurrentSourceProject(node.SourceProjectName());
@@ -434,8 +436,9 @@ void CScrivant::ProcessSourceObject(CHelpPrjTreeNode& node)
     if (!node.GeneratedHTMLFile().empty() && FileExists(oldPage))
         DeleteFileIfExists(oldPage);
 
+    bool screenshots = type == objtype::kForm || (type == objtype::kReport && parameters.AddImageForReport);
     std::unique_ptr<CXmlForm> form = DescribeSourceObject(type, node.Name(), node.GeneratedHTMLFileFullPath(),
-        node.SourceProjectName(), node.SourceProjectType());
+        node.SourceProjectName(), node.SourceProjectType(), screenshots);
     stats.ControlSectionsCount += static_cast<int>(form->Controls().Count());
     if (node.SourceProjectName().empty())
         node.SetSourceProjectName(form->SourceProjectName);
@@ -508,7 +511,8 @@ void CScrivant::SetPageTitle(CXmlForm& form, const std::string& page)
 }
 
 std::unique_ptr<CXmlForm> CScrivant::DescribeSourceObject(int type, const std::string& name,
-    const std::string& pageFullPath, const std::string& sourceProjectName, const std::string& sourceProjectType)
+    const std::string& pageFullPath, const std::string& sourceProjectName, const std::string& sourceProjectType,
+    bool takeScreenshots)
 {
     CScrivantParameters& parameters = Parameters();
     std::string base;
@@ -535,6 +539,11 @@ std::unique_ptr<CXmlForm> CScrivant::DescribeSourceObject(int type, const std::s
         if (form->SourceProjectType.empty())
             form->SourceProjectType = sourceProjectType.empty() ? hostType : sourceProjectType;
         Agent().ActivateComponent(type, name, false, false);
+        if (takeScreenshots) {
+            Screenshot screenshot;
+            screenshot.LocateObjectsAndTakeScreenshots(*form, FolderOf(form->PicFullPath()));
+            Data().GenerationStats().ScreenshotsCount += screenshot.PicturesTaken() > 0 ? 1 : 0;
+        }
     }
     Agent().CloseComponent(type, name, false);
     form->hWnd = 0;

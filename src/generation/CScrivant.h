@@ -40,8 +40,11 @@ public:
 
     // The description of a form as the generation saves it, with its page
     // (pageFullPath, or the default page of name) and pictures named.
+    // With takeScreenshots the form's window and compound controls are
+    // photographed while the host has it open.
     std::unique_ptr<CXmlForm> DescribeSourceObject(int type, const std::string& name, const std::string& pageFullPath,
-        const std::string& sourceProjectName = {}, const std::string& sourceProjectType = {});
+        const std::string& sourceProjectName = {}, const std::string& sourceProjectType = {},
+        bool takeScreenshots = false);
     // The normalised description of one component: the host's description,
     // adjusted, with its controls in tab order. Nothing when the host has none.
     std::unique_ptr<CXmlForm> CreateNormalizedXmlDef(int objectType, const std::string& name, int hwnd,

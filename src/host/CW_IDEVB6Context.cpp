@@ -13,6 +13,7 @@
 #include "host/vb6/Vb6FormFile.h"
 #include "host/vb6/Vb6GroupFile.h"
 #include "host/vb6/Vb6ProjectFile.h"
+#include "screenshots/RenderedWindows.h"
 #include "uidesc/CClientUIObjectRawXml.h"
 #include "uidesc/CXmlForm.h"
 
@@ -247,12 +248,38 @@ int CW_IDEVB6Context::ActivateComponent(int objType, const std::string& objName,
     bool forceOpenAsHidden)
 {
     Component* component = FindComponent(objName);
-    return component ? component->windowHandle : 0;
+    if (!component)
+        return 0;
+    // Opened, the designer shows every tab control on its first page.
+    component->shownPages.clear();
+    RenderComponent(*component);
+    return component->windowHandle;
+}
+
+void CW_IDEVB6Context::RenderComponent(Component& component)
+{
+    if (!component.file)
+        return;
+    CW_IDEVB6FormProcessor processor(*component.file, component.windowHandle);
+    IHostObject* form = processor.FindActualFormOfComponent(processor.Component(), false, false);
+    processor.SetFirstPageVisibleForTabControls(form);
+    RenderFormWindow(component.windowHandle, processor, form, *component.file, RenderOptions { component.designView },
+        component.shownPages, kMainWindowHandle);
+    processor.Terminate();
 }
 
 bool CW_IDEVB6Context::ActivateControl(const std::string& controlFullPath, bool runtimeFlag, bool setFocusFlag)
 {
-    // A design-time step changes nothing the files hold.
+    // "Form.frmOrder.tabOrder.1_tabOrder.[1]" brings page 1 of tabOrder to the front.
+    std::vector<std::string> parts = Split(controlFullPath, ".");
+    if (parts.size() < 5 || parts.back().size() < 3 || parts.back().front() != '[' || parts.back().back() != ']')
+        return true;
+    Component* component = FindComponent(parts[1]);
+    std::string page = parts.back().substr(1, parts.back().size() - 2);
+    if (!component || !component->file || !IsNumeric(page))
+        return false;
+    component->shownPages[parts[parts.size() - 3]] = ToInt(page);
+    RenderComponent(*component);
     return true;
 }
 
@@ -263,6 +290,7 @@ std::string CW_IDEVB6Context::ProcessComponent(const ProcessComponentRequest& re
         return {};
     if (!component->file)
         Raise(status::kSecondFailure, "CW_IDEVB6Context.IHostIDEContext_ProcessCallBack", component->error);
+    component->designView = request.isInDesignView;
     CW_IDEVB6FormProcessor processor(*component->file, component->windowHandle);
     CClientUIObjectRawXml walk;
     std::string raw = walk.Get_(processor, request.objectType, processor.Component(), request.hostAppIdeHwnd,

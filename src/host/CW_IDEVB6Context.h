@@ -1,5 +1,6 @@
 #pragma once
 
+#include <map>
 #include <memory>
 #include <string>
 #include <vector>
@@ -25,6 +26,10 @@ public:
         // Why the file could not be read ("frmX.frm(12): ..."), or empty.
         std::string error;
         int windowHandle { 0 };
+        // How the form is drawn: the view of the last description, and the
+        // page shown of each tab control that is not on its first page.
+        bool designView { true };
+        std::map<std::string, int> shownPages;
     };
 
     // Opens a .vbp or .vbg. Raises ScrivError naming the file when it cannot be
@@ -90,6 +95,8 @@ private:
     CW_IDEVB6Context() = default;
     Project& Current();
     void ReadComponents(Project& project);
+    // Draws the component's form as the designer shows it, under its window handle.
+    void RenderComponent(Component& component);
 
     std::vector<std::unique_ptr<Project>> m_projects;
     std::vector<std::string> m_openErrors;
