@@ -120,16 +120,14 @@ int RunGenerateSource(const GlobalOptions& global, const SourceGenerateOptions& 
         CScrivServerData& data = server.Data();
         SettingsGuard guard(data.SettingsFilePath());
         data.Unattended = true;
-        CAddInSettingsXmlFile& settings = data.GetSettings();
         if (!options.out.empty())
-            settings.SetOptionValue("FolderForGeneratedHelp", OptionValue::Text(AddBackslash(Absolute(options.out))));
+            data.OverrideOption("FolderForGeneratedHelp", OptionValue::Text(AddBackslash(Absolute(options.out))));
         if (!options.images.empty())
-            settings.SetOptionValue("SnapshotFormat",
-                OptionValue::Text(EqualsNoCase(options.images, "bmp") ? "Bitmap" : "Jpeg"));
+            data.OverrideOption("SnapshotFormat", OptionValue::Text(EqualsNoCase(options.images, "bmp") ? "Bitmap" : "Jpeg"));
         if (options.noCompile)
-            settings.SetOptionValue("CompileHTMLHelp", OptionValue::Bool(false));
+            data.OverrideOption("CompileHTMLHelp", OptionValue::Bool(false));
         if (options.open)
-            settings.SetOptionValue("OpenHTMLHelp", OptionValue::Bool(true));
+            data.OverrideOption("OpenHTMLHelp", OptionValue::Bool(true));
         std::uint32_t status = server.OpenNewProject();
         if (status != 0)
             return ExitCodeOf(status);

@@ -1,6 +1,7 @@
 #include "host/CSourceProjectVB6.h"
 
 #include "foundation/CTraceLog.h"
+#include "foundation/ErrorMessage.h"
 #include "foundation/CodePage.h"
 #include "foundation/Paths.h"
 #include "foundation/ScrivError.h"
@@ -59,9 +60,7 @@ bool CSourceProjectVB6::init(const std::string& projectFullPath, const std::stri
 
 void CSourceProjectVB6::ReadFormHeader(const std::string& relativePath, Vb6FormKind kind, const std::string& subType)
 {
-    std::string path = ToNativePath(relativePath);
-    if (!IsAbsolutePath(path) && relativePath.rfind("\\\\", 0) != 0 && path.find(':') == std::string::npos)
-        path = m_folder + path;
+    std::string path = ResolveVb6Path(m_folder, relativePath);
     if (!FileExists(path))
         return;
     std::optional<Vb6FormFile> file;
@@ -69,6 +68,8 @@ void CSourceProjectVB6::ReadFormHeader(const std::string& relativePath, Vb6FormK
         file = Vb6FormFile::Load(path);
     } catch (const ScrivError& error) {
         Trace("CSourceProjectVB6: " + error.Description());
+        // A form left out of the help must not go unnoticed.
+        UserWarningMessage("This form is left out of the help, for its file cannot be read:\r\n" + error.Description());
         return;
     }
     // An MDI form is a form too.

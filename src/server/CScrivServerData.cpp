@@ -76,6 +76,12 @@ CAddInSettingsXmlFile& CScrivServerData::GetSettings()
 std::uint32_t CScrivServerData::ReLoadSettings(const std::string& path, bool fromProjectFile)
 {
     std::uint32_t result = GetSettings().Load(path, fromProjectFile);
+    if (!m_optionOverrides.empty()) {
+        CAddInSettingsXmlFile& settings = GetSettings();
+        for (const auto& [name, value] : m_optionOverrides)
+            settings.SetOptionValue(name, value);
+        CAddInSettings(Parameters()).Load(settings, true);
+    }
     // The trace follows the settings' wish for detail.
     TraceLog().SetVerbose(Parameters().VerboseTracing);
     TraceLog().SetRotationHeld(Parameters().AutomatedTestModeOn);

@@ -3,6 +3,10 @@
 #include <cstdint>
 #include <memory>
 #include <string>
+#include <utility>
+#include <vector>
+
+#include "model/CAddInSettingsXmlFile.h"
 
 #include "server/CScrivStats.h"
 
@@ -36,6 +40,9 @@ public:
     // Reads a settings file (or a project file's settings) into the store and
     // the parameters. 0, or the code of the failure that was reported.
     std::uint32_t ReLoadSettings(const std::string& path, bool fromProjectFile);
+    // An option that stands for this run whatever the settings say (as given
+    // on the command line); applied after every load of the settings.
+    void OverrideOption(std::string name, OptionValue value) { m_optionOverrides.emplace_back(std::move(name), std::move(value)); }
 
     CAddInProjects& Projects();
     bool HasProjects() const { return m_projects != nullptr; }
@@ -72,6 +79,7 @@ public:
 
 private:
     CScrivServer& m_server;
+    std::vector<std::pair<std::string, OptionValue>> m_optionOverrides;
     std::unique_ptr<CAddInProjects> m_projects;
     std::unique_ptr<CAddInSettingsXmlFile> m_settings;
     std::unique_ptr<CScrivant> m_scriv;

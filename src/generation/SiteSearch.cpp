@@ -1,0 +1,201 @@
+#include "generation/SiteSearch.h"
+
+#include <algorithm>
+
+#include "foundation/CUTF8File.h"
+#include "foundation/Paths.h"
+#include "foundation/ScrivError.h"
+#include "foundation/StringUtil.h"
+#include "htmldom/HtmlDocument.h"
+
+namespace scriv {
+
+namespace {
+
+constexpr std::size_t kMinWordLength = 2;
+constexpr std::size_t kMaxWordLength = 50;
+constexpr std::size_t kSummaryLength = 160;
+
+bool IsWordCharacter(char32_t c)
+{
+    return (c >= U'0' && c <= U'9') || IsAlphabetic(c);
+}
+
+std::string CollapseWhiteSpace(std::string_view text)
+{
+    std::string out;
+    bool space = false;
+    for (char c : text) {
+        if (c == ' ' || c == '\n' || c == '\t' || c == '\r') {
+            space = !out.empty();
+            continue;
+        }
+        if (space)
+            out += ' ';
+        space = false;
+        out += c;
+    }
+    return out;
+}
+
+std::string Summary(std::string_view text, std::string_view title)
+{
+    std::string body(text);
+    // The first line is mostly the caption, which the title shows already.
+    std::size_t lineEnd = body.find('\n');
+    if (TrimWhitespace(body.substr(0, lineEnd)) == title)
+        body = lineEnd == std::string::npos ? std::string() : body.substr(lineEnd + 1);
+    std::string collapsed = CollapseWhiteSpace(body);
+    if (CharCount(collapsed) <= kSummaryLength)
+        return collapsed;
+    return LeftChars(collapsed, kSummaryLength) + "\u2026";
+}
+
+std::string JsonString(std::string_view text)
+{
+    static constexpr char kHex[] = "0123456789abcdef";
+    std::string out = "\"";
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        auto c = static_cast<unsigned char>(text[i]);
+        if (c == '"' || c == '\\') {
+            out += '\\';
+            out += static_cast<char>(c);
+        } else if (c < 0x20 || c == '<') {
+            // "<" too, so that no "</script>" can stand in the text.
+            out += "\\u00";
+            out += kHex[c >> 4];
+            out += kHex[c & 15];
+        } else if (c == 0xE2 && i + 2 < text.size() && static_cast<unsigned char>(text[i + 1]) == 0x80
+            && (static_cast<unsigned char>(text[i + 2]) == 0xA8 || static_cast<unsigned char>(text[i + 2]) == 0xA9)) {
+            // U+2028 and U+2029 end lines in older script engines.
+            out += static_cast<unsigned char>(text[i + 2]) == 0xA8 ? "\\u2028" : "\\u2029";
+            i += 2;
+        } else {
+            out += static_cast<char>(c);
+        }
+    }
+    return out + "\"";
+}
+
+std::string SearchPageHtml()
+{
+    return "<!DOCTYPE html>\r\n"
+           "<html>\r\n"
+           "<head>\r\n"
+           "<meta http-equiv=\"Content-Type\" content=\"text/html; charset=utf-8\">\r\n"
+           "<title>Search</title>\r\n"
+           "<link rel=\"stylesheet\" type=\"text/css\" href=\"browserhelp.css\">\r\n"
+           "<script type=\"text/javascript\" charset=\"utf-8\" src=\""
+        + std::string(kSearchIndexScript)
+        + "\"></script>\r\n"
+          "<script type=\"text/javascript\" charset=\"utf-8\" src=\"sitesearch.js\"></script>\r\n"
+          "</head>\r\n"
+          "<body class=\"pane search\">\r\n"
+          "<form name=\"ss\" class=\"search-form\" onsubmit=\"return NS()\">\r\n"
+          "<input type=\"search\" name=\"s\" size=24 aria-label=\"Search\" autocomplete=\"off\" "
+          "onKeyDown=\"if(event.keyCode==13)return NS()\">\r\n"
+          "<button type=\"submit\" class=\"search-button\" title=\"Search\">"
+          "<img src=\"images/search.svg\" alt=\"Search\"></button>\r\n"
+          "</form>\r\n"
+          "<div id=\"ssResults\" class=\"search-results\" data-none=\"No topics found.\" "
+          "data-short=\"Type a word of two letters or more.\"></div>\r\n"
+          "</body>\r\n"
+          "</html>\r\n";
+}
+
+void WriteOrRaise(const std::string& path, std::string_view text)
+{
+    if (!WriteUtf8File(path, text))
+        Raise(status::kGeneralFailure, "CHelpPrjTree.WriteSiteSearch", "Error saving file " + path);
+}
+
+}  // namespace
+
+std::vector<std::string> SiteSearchIndex::Words(std::string_view text)
+{
+    std::vector<std::string> words;
+    std::u32string word;
+    auto finish = [&]() {
+        if (word.size() >= kMinWordLength && word.size() <= kMaxWordLength)
+            words.push_back(ToLower(Utf32ToUtf8(word)));
+        word.clear();
+    };
+    for (char32_t c : Utf8ToUtf32(text)) {
+        if (IsWordCharacter(c))
+            word += c;
+        else
+            finish();
+    }
+    finish();
+    return words;
+}
+
+void SiteSearchIndex::AddPage(std::string_view fileName, std::string_view html)
+{
+    auto document = HtmlDocument::Parse(html);
+    std::string text = document->body() ? document->body()->innerText() : std::string();
+    std::string title = document->title();
+    if (title.empty()) {
+        auto headings = document->getElementsByTagName("h1");
+        if (!headings.empty())
+            title = CollapseWhiteSpace(headings.front()->innerText());
+    }
+    if (title.empty())
+        title = FileBaseName(fileName);
+
+    std::size_t number = m_pages.size();
+    m_pages.push_back({ std::string(fileName), title, Summary(text, title) });
+    for (const std::string& source : { text, title, FileBaseName(fileName) }) {
+        for (std::string& word : Words(source)) {
+            std::vector<std::size_t>& pages = m_words[std::move(word)];
+            if (pages.empty() || pages.back() != number)
+                pages.push_back(number);
+        }
+    }
+}
+
+std::vector<std::size_t> SiteSearchIndex::PagesOf(std::string_view word) const
+{
+    auto it = m_words.find(std::string(word));
+    return it == m_words.end() ? std::vector<std::size_t>() : it->second;
+}
+
+std::string SiteSearchIndex::ToScript() const
+{
+    std::string out = "var ssIndex = {\n\"pages\": [\n";
+    for (std::size_t i = 0; i < m_pages.size(); ++i) {
+        const SiteSearchPage& page = m_pages[i];
+        out += "{\"f\": " + JsonString(page.file) + ", \"t\": " + JsonString(page.title) + ", \"s\": "
+            + JsonString(page.summary) + "}" + (i + 1 < m_pages.size() ? ",\n" : "\n");
+    }
+    out += "],\n\"words\": {\n";
+    std::size_t remaining = m_words.size();
+    for (const auto& [word, pages] : m_words) {
+        out += JsonString(word) + ": [";
+        for (std::size_t i = 0; i < pages.size(); ++i)
+            out += (i ? "," : "") + std::to_string(pages[i]);
+        out += --remaining ? "],\n" : "]\n";
+    }
+    return out + "}\n};\n";
+}
+
+std::vector<std::string> SiteSearchExclusions(std::string_view projectFileName)
+{
+    return { "hh_index_java.htm", "hh_toc_java.htm", "main.htm", std::string(projectFileName) + "TOC.htm" };
+}
+
+void WriteSiteSearch(const std::string& folder, const std::string& projectFileName)
+{
+    std::string target = AddBackslash(folder);
+    std::vector<std::string> excluded = SiteSearchExclusions(projectFileName);
+    SiteSearchIndex index;
+    for (const std::string& name : ListFiles(target, "*.htm")) {
+        bool skip = std::any_of(excluded.begin(), excluded.end(), [&name](const std::string& other) { return EqualsNoCase(name, other); });
+        if (!skip)
+            index.AddPage(name, ReadTextFile(target + name));
+    }
+    WriteOrRaise(target + std::string(kSearchIndexScript), index.ToScript());
+    WriteOrRaise(target + std::string(kSearchPage), SearchPageHtml());
+}
+
+}  // namespace scriv

@@ -1,0 +1,2 @@
+#define IDH_Tiny_Form_frmTiny  1
+#define IDH_Tiny_Form_frmNote  5
