@@ -1,5 +1,6 @@
 #include "generation/BrowserHelp.h"
 
+#include <algorithm>
 #include <vector>
 
 #include "foundation/CUTF8File.h"

@@ -436,7 +436,9 @@ void CScrivant::ProcessSourceObject(CHelpPrjTreeNode& node)
     if (!node.GeneratedHTMLFile().empty() && FileExists(oldPage))
         DeleteFileIfExists(oldPage);
 
-    bool screenshots = type == objtype::kForm || (type == objtype::kReport && parameters.AddImageForReport);
+    // A page that shows no picture needs none taken.
+    bool screenshots = (type == objtype::kForm && parameters.AddImageForForm)
+        || (type == objtype::kReport && parameters.AddImageForReport);
     std::unique_ptr<CXmlForm> form = DescribeSourceObject(type, node.Name(), node.GeneratedHTMLFileFullPath(),
         node.SourceProjectName(), node.SourceProjectType(), screenshots);
     stats.ControlSectionsCount += static_cast<int>(form->Controls().Count());
