@@ -233,8 +233,12 @@ bool CW_IDEVB6Context::ComponentExists(int compType, const std::string& compName
 void CW_IDEVB6Context::CloseComponent(int objType, const std::string& objName, bool saveFlag)
 {
     Component* component = FindComponent(objName);
-    if (saveFlag && component && component->file && component->file->IsDirty())
+    if (!component)
+        return;
+    if (saveFlag && component->file && component->file->IsDirty())
         component->file->Save();
+    // A closed designer has no window to capture.
+    RenderedWindows().Remove(component->windowHandle);
 }
 
 void CW_IDEVB6Context::SetComponentHelp(int objType, const std::string& objName, int helpContextId)
