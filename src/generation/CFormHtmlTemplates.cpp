@@ -324,7 +324,7 @@ std::string CFormHtmlTemplates::ControlsMapOfControl(const CXmlForm& form, const
     out += "<MAP NAME=\"" + EncodeObjectName(MapName(form) + "_" + control.Name) + "\"> " + kEol;
     for (const auto& child : control.Controls())
         if (!IsLabel(*child.value))
-            out += ControlArea(form, *child.value, &control, false);
+            out += ControlArea(form, *child.value, &control, IsPage(*child.value) && child.value->TabTop > -1);
     out += "</MAP>" + kEol + "<!-- - CONTROLS MAP - -->" + kEol;
     return out;
 }
@@ -333,7 +333,11 @@ std::string CFormHtmlTemplates::ControlArea(const CXmlForm& form, const CXmlCont
     const CXmlControl* parent, bool isTab) const
 {
     std::string coords;
-    if (isTab) {
+    if (isTab && parent) {
+        // On the tab control's own picture a page is reached by its tab.
+        coords = Coordinates(control.TabHotSpotLeft() - parent->HotSpotLeft(), control.TabHotSpotTop() - parent->HotSpotTop(),
+            control.TabHotSpotRight() - parent->HotSpotLeft(), control.TabHotSpotBottom() - parent->HotSpotTop());
+    } else if (isTab) {
         coords = Coordinates(control.TabHotSpotLeft(), control.TabHotSpotTop(), control.TabHotSpotRight(),
             control.TabHotSpotBottom());
     } else if (!parent) {

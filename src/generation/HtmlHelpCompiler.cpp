@@ -16,12 +16,11 @@ std::string HelpCompilerProgram()
 {
     std::string configured = Trim(Parameters().HelpCompilerPath);
     if (!configured.empty()) {
-        if (FileExists(configured))
-            return configured;
+        // A compiler named in the settings is the one wanted, or none.
         std::string found = FindProgramOnPath(configured);
-        if (!found.empty())
-            return found;
-        Trace("HelpCompilerProgram: the help compiler '" + configured + "' is not there");
+        if (found.empty())
+            Trace("HelpCompilerProgram: the help compiler '" + configured + "' is not there");
+        return found;
     }
     for (const char* name : { "chmcmd", "hhc" }) {
         std::string found = FindProgramOnPath(name);

@@ -4,8 +4,9 @@
 
 namespace scriv {
 
-// The help compiler program: the settings' HelpCompilerPath when it names a
-// program, else chmcmd, else hhc on PATH; "" when there is none.
+// The help compiler program: the settings' HelpCompilerPath when it is set
+// (a path, or a name looked up on PATH), else chmcmd, else hhc on PATH; ""
+// when there is none.
 std::string HelpCompilerProgram();
 // The folder of the compiler, with a final separator, or "".
 std::string HelpWorkshopFolder();

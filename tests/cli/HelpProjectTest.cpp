@@ -194,6 +194,24 @@ TEST_F(HelpProjectTest, AFormThatCannotBeReadIsNamedAndTheRestIsWritten)
     EXPECT_TRUE(FileExists(m_chm + "Tiny.hhc"));
 }
 
+TEST_F(HelpProjectTest, WithoutACompilerTheRestIsWrittenAndTheRunSaysSo)
+{
+    std::string output;
+    ASSERT_EQ(RunProgram({ "settings", "--set", "HelpCompilerPath=/no/such/chmcmd" }, output, m_data.Path()), 0)
+        << output;
+    ASSERT_EQ(Generate(output, { "--images", "bmp" }), 0) << output;
+    EXPECT_NE(output.find("no .chm was made: there is no help compiler"), std::string::npos) << output;
+    EXPECT_FALSE(FileExists(m_chm + "Tiny.chm"));
+    EXPECT_TRUE(FileExists(m_chm + "Tiny.hhp"));
+    EXPECT_TRUE(FileExists(m_chm + "Tiny_Form_frmTiny.htm"));
+    // One picture format for the whole run.
+    EXPECT_FALSE(ListFiles(m_chm + "images/", "*.bmp").empty());
+    EXPECT_TRUE(ListFiles(m_chm + "images/", "*.jpg").empty());
+    // Recompiling says what is missing.
+    RunProgram({ "--yes", "recompile", m_chm + "Tiny.svp" }, output, m_data.Path());
+    EXPECT_NE(output.find("HTML help workshop is not installed."), std::string::npos) << output;
+}
+
 TEST_F(HelpProjectTest, ATargetFolderWithAPercentSignIsQuestioned)
 {
     std::string output;

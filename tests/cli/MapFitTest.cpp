@@ -1,0 +1,181 @@
+// Every area of every image map of a generated help lies on the control it
+// names, as the renderer recorded drawing it.
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <filesystem>
+#include <map>
+#include <regex>
+#include <string>
+#include <vector>
+
+#include "foundation/Paths.h"
+#include "foundation/StringUtil.h"
+#include "foundation/System.h"
+#include "host/CW_IDEVB6Context.h"
+#include "host/CW_IDEVB6FormProcessor.h"
+#include "host/vb6/Vb6FormFile.h"
+#include "screenshots/CFormRenderer.h"
+#include "screenshots/cJPEG.h"
+#include "support/TestSupport.h"
+
+namespace scriv {
+namespace {
+
+struct Area {
+    std::string href;
+    int left, top, right, bottom;
+};
+
+struct Map {
+    std::string name;
+    std::vector<Area> areas;
+};
+
+std::vector<Map> MapsOf(const std::string& page)
+{
+    std::vector<Map> maps;
+    std::regex mapPattern("<MAP NAME=\"([^\"]+)\">([\\s\\S]*?)</MAP>");
+    std::regex areaPattern("COORDS=\"(-?\\d+),(-?\\d+),(-?\\d+),(-?\\d+)\" HREF=\"#([^\"]+)\"");
+    for (std::sregex_iterator it(page.begin(), page.end(), mapPattern), end; it != end; ++it) {
+        Map map { (*it)[1], {} };
+        std::string body = (*it)[2];
+        for (std::sregex_iterator a(body.begin(), body.end(), areaPattern); a != end; ++a)
+            map.areas.push_back({ (*a)[5], std::stoi((*a)[1]), std::stoi((*a)[2]), std::stoi((*a)[3]), std::stoi((*a)[4]) });
+        maps.push_back(std::move(map));
+    }
+    return maps;
+}
+
+std::string MetaFormName(const std::string& page)
+{
+    std::smatch match;
+    std::regex pattern("<meta name=\"SCRIVANT-FORM-NAME\" content=\"([^\"]+)\">");
+    return std::regex_search(page, match, pattern) ? std::string(match[1]) : std::string();
+}
+
+// Where the renderer drew every control of a form, with each page of each
+// tab control shown in turn.
+std::map<std::string, PixelRect> DrawnControls(const Vb6FormFile& file, Picture* firstPicture)
+{
+    std::map<std::string, PixelRect> drawn;
+    CW_IDEVB6FormProcessor processor(const_cast<Vb6FormFile&>(file), 100);
+    IHostObject* form = processor.FindActualFormOfComponent(processor.Component(), false, false);
+    processor.SetFirstPageVisibleForTabControls(form);
+    CFormRenderer renderer(processor, form, file);
+    auto take = [&] {
+        RenderedForm rendered = renderer.Render();
+        for (const RenderedControl& control : rendered.controls)
+            drawn.emplace(control.name, control.rect);
+        return rendered;
+    };
+    RenderedForm first = take();
+    if (firstPicture)
+        *firstPicture = first.picture;
+    for (const Vb6Block* block : file.Form().Descendants()) {
+        if (!EqualsNoCase(block->ShortType(), "SSTab"))
+            continue;
+        for (int page = 0; page < static_cast<int>(block->Number("Tabs", 3)); ++page)
+            if (renderer.ShowTabPage(block->IndexedName(), page))
+                take();
+    }
+    return drawn;
+}
+
+int Generate(const std::string& source, const std::string& data, std::string& output)
+{
+    return ShellAndWait({ std::string(SCRIVANT_BINARY_DIR) + "/bin/scrivant", "--data", data, "generate", source,
+                            "--no-compile" },
+        &output);
+}
+
+struct Checked {
+    int pages { 0 };
+    int areas { 0 };
+};
+
+// Checks the topics of one generated project against drawings of its forms.
+void CheckProject(const std::string& projectFile, const std::string& helpFolder, Checked& checked)
+{
+    std::unique_ptr<CW_IDEVB6Context> host = CW_IDEVB6Context::Open(projectFile);
+    for (const std::string& page : ListFiles(helpFolder, "*_Form_*.htm")) {
+        std::string text = ReadFileText(helpFolder + page).value_or("");
+        std::string formName = MetaFormName(text);
+        CW_IDEVB6Context::Component* component = host->FindComponent(formName);
+        ASSERT_TRUE(component && component->file) << page;
+        Picture picture;
+        std::map<std::string, PixelRect> drawn = DrawnControls(*component->file, &picture);
+        ++checked.pages;
+        // The picture of the page is the drawing of the form.
+        std::string jpeg = ReadFileText(helpFolder + "images/" + FileBaseName(page) + ".jpg").value_or("");
+        std::optional<Picture> decoded = DecodeJpeg(jpeg);
+        ASSERT_TRUE(decoded) << page;
+        EXPECT_EQ(decoded->Width(), picture.Width()) << page;
+        EXPECT_EQ(decoded->Height(), picture.Height()) << page;
+
+        for (const Map& map : MapsOf(text)) {
+            // A control's own map lies on its picture; a page's on its tab control's.
+            std::string parent = map.name == formName ? std::string() : map.name.substr(formName.size() + 1);
+            PixelRect origin { 0, 0, 0, 0 };
+            if (!parent.empty()) {
+                std::smatch page_;
+                if (std::regex_match(parent, page_, std::regex("\\d+_(.+)")))
+                    parent = page_[1];
+                ASSERT_TRUE(drawn.count(parent)) << page << " " << map.name;
+                origin = drawn[parent];
+            }
+            for (const Area& area : map.areas) {
+                std::string name = area.href.substr(formName.size() + 1);
+                ASSERT_TRUE(drawn.count(name)) << page << " " << area.href;
+                const PixelRect& rect = drawn[name];
+                EXPECT_EQ(area.left, rect.left - origin.left) << page << " " << name;
+                EXPECT_EQ(area.top, rect.top - origin.top) << page << " " << name;
+                EXPECT_EQ(area.right, rect.left + rect.width - origin.left) << page << " " << name;
+                EXPECT_EQ(area.bottom, rect.top + rect.height - origin.top) << page << " " << name;
+                ++checked.areas;
+            }
+        }
+    }
+}
+
+TEST(MapFit, EveryAreaOfTheExamplesTopicsLiesOnTheControlItNames)
+{
+    test::TempFolder data;
+    test::TempFolder work;
+    Checked checked;
+    std::string orderDesk = test::CopyExample("OrderDesk", work);
+    std::string inventory = test::CopyExample("Inventory", work);
+    for (const std::string& project :
+        { orderDesk + "OrderDesk.vbp", inventory + "InventoryApp.vbp", inventory + "Reports/InventoryReports.vbp" }) {
+        std::string output;
+        ASSERT_EQ(Generate(project, data.Path(), output), 0) << output;
+        CheckProject(project, FolderOf(project) + "CHM/", checked);
+    }
+    EXPECT_EQ(checked.pages, 16);
+    EXPECT_GT(checked.areas, 150);
+}
+
+// With SCRIVANT_MAPFIT_PROJECTS naming .vbp files (separated by ":"), the
+// same check runs over them, each generated in a copy of its folder.
+TEST(MapFit, ProjectsNamedInTheEnvironmentFitToo)
+{
+    const char* list = std::getenv("SCRIVANT_MAPFIT_PROJECTS");
+    if (!list)
+        GTEST_SKIP() << "SCRIVANT_MAPFIT_PROJECTS names no projects";
+    test::TempFolder data;
+    Checked checked;
+    for (const std::string& project : Split(list, ":")) {
+        if (project.empty())
+            continue;
+        test::TempFolder work;
+        std::filesystem::copy(FolderOf(project), work.Path(), std::filesystem::copy_options::recursive);
+        std::string copy = work / FileNameOf(project);
+        std::string output;
+        Generate(copy, data.Path(), output);
+        CheckProject(copy, work / "CHM/", checked);
+    }
+    std::cout << "checked " << checked.pages << " topics and " << checked.areas << " areas\n";
+}
+
+}  // namespace
+}  // namespace scriv
