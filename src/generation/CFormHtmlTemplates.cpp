@@ -42,6 +42,12 @@ bool IsLabel(const CXmlControl& control)
     return EqualsNoCase(control.ClassName, "label");
 }
 
+// A control without a size (a common dialog, a timer) has nothing to click on.
+bool HasArea(const CXmlControl& control)
+{
+    return control.Width > 0 && control.Height > 0;
+}
+
 bool IsTabControl(const CXmlControl& control)
 {
     return EqualsNoCase(control.ClassName, "tabcontrol");
@@ -293,7 +299,7 @@ std::string CFormHtmlTemplates::ControlsMap(const CXmlForm& form) const
     out += "<MAP NAME=\"" + MapName(form) + "\"> " + kEol;
     for (const auto& entry : form.Controls()) {
         const CXmlControl& control = *entry.value;
-        if (IsLabel(control))
+        if (IsLabel(control) || !HasArea(control))
             continue;
         if (!IsTabControl(control)) {
             out += ControlArea(form, control, nullptr, false);
@@ -306,7 +312,7 @@ std::string CFormHtmlTemplates::ControlsMap(const CXmlForm& form) const
                 out += ControlArea(form, page, nullptr, true);
             if (first) {
                 for (const auto& child : page.Controls())
-                    if (!IsLabel(*child.value))
+                    if (!IsLabel(*child.value) && HasArea(*child.value))
                         out += ControlArea(form, *child.value, nullptr, false);
             }
             first = false;
@@ -323,7 +329,7 @@ std::string CFormHtmlTemplates::ControlsMapOfControl(const CXmlForm& form, const
     std::string out = "<!-- + CONTROLS MAP + -->" + kEol;
     out += "<MAP NAME=\"" + EncodeObjectName(MapName(form) + "_" + control.Name) + "\"> " + kEol;
     for (const auto& child : control.Controls())
-        if (!IsLabel(*child.value))
+        if (!IsLabel(*child.value) && HasArea(*child.value))
             out += ControlArea(form, *child.value, &control, IsPage(*child.value) && child.value->TabTop > -1);
     out += "</MAP>" + kEol + "<!-- - CONTROLS MAP - -->" + kEol;
     return out;

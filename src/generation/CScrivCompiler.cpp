@@ -16,6 +16,7 @@
 #include "generation/clsHHK.h"
 #include "model/CAddInProject.h"
 #include "model/CAddInProjects.h"
+#include "model/CHelpPrjCheckSums.h"
 #include "model/CHelpPrjTree.h"
 #include "model/IHelpPrjSourceProject.h"
 #include "model/Serializers.h"
@@ -169,6 +170,8 @@ std::uint32_t CScrivCompiler::RecompileHelpProject1(bool quiet, bool webOnly)
     data.ProgressBarUpdate("Refreshing and saving HTML help index ...", 3);
     tree.MakeAndSaveHHK(project->HHKFullPath(), scriv.HelpIndex());
     data.ProgressBarUpdate("Generating Browser Based Help...", 3);
+    tree.MakeJavaHelp();
+    tree.CheckSums().Recalc();
     tree.SaveCheckSums(true);
     tree.SetWasChanged(false);
     tree.SetNewHtmlHelpProject(false);

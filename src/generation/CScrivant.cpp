@@ -15,6 +15,7 @@
 #include "foundation/Version.h"
 #include "generation/CScrivantParameters.h"
 #include "generation/Templates.h"
+#include "generation/BrowserHelp.h"
 #include "generation/HtmlHelpCompiler.h"
 #include "generation/clsHHK.h"
 #include "generation/clsHTMLFile.h"
@@ -308,8 +309,11 @@ bool CScrivant::ProcessHelpTreeAndGenerateHelp1(int level, CHelpPrjTreeNode& par
             for (const std::string& keyword : child->IndexesCollection())
                 m_helpIndex->AddCustomLink(child->Caption(), keyword, child->GeneratedHTMLFile(), "");
             std::string page = child->GeneratedHTMLFileFullPath();
-            if (!page.empty() && FileExists(page))
+            if (!page.empty() && FileExists(page)) {
                 ++Data().GenerationStats().HelpPagesCount;
+                // A topic opened alone sends its reader to the browser help's entry page.
+                AddWBHScript(page);
+            }
         });
     }
     return false;
@@ -634,6 +638,7 @@ void CScrivant::ProcessHelpTreeAndGenerateHelp2(CHelpPrjTreeNode& root, bool reg
             page.Charset = root.Charset().empty() ? parameters.Charset : root.Charset();
             page.Save();
         }
+        AddWBHScript(root.GeneratedHTMLFileFullPath());
     }
 
     clsHTMLFile contents;
@@ -688,6 +693,9 @@ std::uint32_t CScrivant::SaveHelpProjectFiles()
         Data().ProgressBarUpdate("Generating index...", 3);
         tree.MakeAndSaveHHK(project.HHKFullPath(), *m_helpIndex);
         Data().ProgressBarUpdate("Generating and saving checksums...", 4);
+        // The browser help marks every topic; the checksums are taken of the
+        // pages as they are left.
+        tree.MakeJavaHelp();
         tree.CheckSums().Recalc();
         tree.SaveCheckSums(true);
         tree.SetWasChanged(false);

@@ -90,7 +90,7 @@ std::string SearchPageHtml()
         + "\"></script>\r\n"
           "<script type=\"text/javascript\" charset=\"utf-8\" src=\"sitesearch.js\"></script>\r\n"
           "</head>\r\n"
-          "<body class=\"pane search\">\r\n"
+          "<body class=\"pane-page search\">\r\n"
           "<form name=\"ss\" class=\"search-form\" onsubmit=\"return NS()\">\r\n"
           "<input type=\"search\" name=\"s\" size=24 aria-label=\"Search\" autocomplete=\"off\" "
           "onKeyDown=\"if(event.keyCode==13)return NS()\">\r\n"

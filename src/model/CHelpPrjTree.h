@@ -102,6 +102,10 @@ public:
     std::uint32_t MakeAndSaveHHK(const std::string& path, class clsHHK& hhk);
     // The browser contents tree (nested list lines) and, in options, its option lines.
     std::string GetTreeStr(std::string& options, bool excludeControls = false);
+    // Writes the browser copy of the help into the current project's folder:
+    // the entry page, the contents and index frames and the site search. 0, or
+    // the code of the reported failure.
+    std::uint32_t MakeJavaHelp();
     // Reads the documented controls of a form topic's page into its saved
     // description; true when they changed.
     bool MakeXmlFormControlDefs(CHelpPrjTreeNode& node);

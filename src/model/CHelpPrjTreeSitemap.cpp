@@ -11,6 +11,7 @@
 #include "foundation/StringUtil.h"
 #include "foundation/TextEncoding.h"
 #include "generation/CScrivantParameters.h"
+#include "generation/BrowserHelp.h"
 #include "generation/clsHHK.h"
 #include "model/CAddInProject.h"
 #include "model/CHelpPrjCheckSums.h"
@@ -249,6 +250,22 @@ std::string CHelpPrjTree::GetTreeStr(std::string& options, bool excludeControls)
 {
     options.clear();
     return m_root ? m_root->TreeStr(1, options, true, excludeControls) : std::string();
+}
+
+std::uint32_t CHelpPrjTree::MakeJavaHelp()
+{
+    CAddInProject* project = CurrentAddInProject();
+    if (!project || !m_root)
+        return status::kAbandoned;
+    BrowserHelpInput input;
+    input.folder = AddBackslash(project->Folder);
+    input.projectFileName = project->FileName;
+    input.treeText = GetTreeStr(input.optionsText, false);
+    input.rootPage = m_root->GeneratedHTMLFile();
+    std::string css = Parameters().CSSFullPath();
+    input.cssFullPath = css.empty() ? std::string() : input.folder + FileNameOf(css);
+    input.charset = Parameters().Charset;
+    return scriv::MakeJavaHelp(input);
 }
 
 bool CHelpPrjTree::MakeXmlFormControlDefs(CHelpPrjTreeNode& node)
