@@ -337,7 +337,8 @@ void CAddInSettingsXmlFile::CopyToOptions()
 void CAddInSettingsXmlFile::Save(const std::string& path)
 {
     CopyToOptions();
-    std::string temporary = TempFolder() + "~" + FileNameOf(path);
+    // Beside the target, so that two programs saving their own settings never share it.
+    std::string temporary = FolderOf(path) + "~" + FileNameOf(path);
     std::map<std::string, std::string> replacements {
         { "Application", "{Application}" },
         { "FolderForGeneratedHelp", "{Project Location}CHM" },

@@ -1,6 +1,7 @@
 #include "wizard/CHelpWizardForm.h"
 
 #include <filesystem>
+#include <unistd.h>
 
 #include "foundation/AppFolders.h"
 #include "foundation/CTraceLog.h"
@@ -300,7 +301,15 @@ void CHelpWizardForm::Terminate()
         DeleteFileIfExists(file);
     m_sampleFiles.clear();
     std::error_code error;
-    std::filesystem::remove_all(TempFolder() + "ScrivTemp", error);
+    std::filesystem::remove_all(SampleFolder(), error);
+    // The shared folder goes with the last program that used it.
+    std::filesystem::remove(TempFolder() + "ScrivTemp", error);
+}
+
+std::string CHelpWizardForm::SampleFolder()
+{
+    // One folder per program below the shared one: two wizards never clear each other's pages.
+    return TempFolder() + "ScrivTemp/" + std::to_string(::getpid()) + "/";
 }
 
 // --- sample pages ---
@@ -308,7 +317,7 @@ void CHelpWizardForm::Terminate()
 std::string CHelpWizardForm::SamplePage(const std::string& templateName, const std::string& name)
 {
     const CScrivantParameters& parameters = Parameters();
-    std::string folder = TempFolder() + "ScrivTemp/";
+    std::string folder = SampleFolder();
     MakeFolders(folder);
     std::string target = folder + "~" + name + ".html";
     std::string source = templateName == "Title.htm" ? CommonFolder() + templateName : LocalizedFolder() + templateName;

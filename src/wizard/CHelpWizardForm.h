@@ -113,6 +113,7 @@ public:
 private:
     void SavePage(CHelpWizardFormPage& page);
     void FillPage(CHelpWizardFormPage& page);
+    static std::string SampleFolder();
     std::string SamplePage(const std::string& templateName, const std::string& name);
 
     CAddInSettingsXmlFile* m_settings { nullptr };
