@@ -45,6 +45,11 @@ public:
             control.Left += m_stack.back().first;
             control.Top += m_stack.back().second;
         }
+        // A button stands where its toolbar's container puts the toolbar.
+        if (!m_keepPositions && EqualsNoCase(control.ClassName, "ToolbarButton") && m_stack.size() > 1) {
+            control.Left += m_stack[m_stack.size() - 2].first;
+            control.Top += m_stack[m_stack.size() - 2].second;
+        }
         if (IsOneOf(control.ClassName,
                 { "Toolbar", "Subform", "Subreport", "GroupBox", "Frame", "OptionGroup", "PictureBox", "Panel",
                     "DataGridView" })) {

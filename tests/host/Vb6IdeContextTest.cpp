@@ -321,6 +321,30 @@ TEST_F(Vb6IdeContextTest, AFormInPixelsKeepsTheTwipsOfAFramesChildren)
     EXPECT_STREQ(check.attribute("Level").value(), "1");
 }
 
+TEST_F(Vb6IdeContextTest, AToolbarInsideAFrameHasItsButtonsWhereTheFramePutsIt)
+{
+    m_work.Write("Bar.vbp", "Type=Exe\r\nForm=frmBar.frm\r\n");
+    m_work.Write("frmBar.frm",
+        "VERSION 5.00\r\nObject = \"{831FDD16-0C5C-11D2-A9FC-0000F8754DA1}#2.0#0\"; \"MSCOMCTL.OCX\"\r\n"
+        "Begin VB.Form frmBar \r\n   ClientHeight = 3000\r\n   ClientWidth = 4500\r\n"
+        "   Begin VB.Frame fraTools \r\n      Caption = \"Tools\"\r\n      Height = 1500\r\n      Left = 300\r\n"
+        "      TabIndex = 0\r\n      Top = 600\r\n      Width = 3000\r\n"
+        "      Begin MSComctlLib.Toolbar tbrTools \r\n         Height = 420\r\n         Left = 150\r\n"
+        "         TabIndex = 1\r\n         Top = 300\r\n         Width = 2700\r\n"
+        "         ButtonWidth = 1058\r\n         ButtonHeight = 741\r\n"
+        "         BeginProperty Buttons {66833FE8-8583-11D1-B16A-00C0F0283628} \r\n            NumButtons = 2\r\n"
+        "            BeginProperty Button1 {66833FEA-8583-11D1-B16A-00C0F0283628} \r\n            EndProperty\r\n"
+        "            BeginProperty Button2 {66833FEA-8583-11D1-B16A-00C0F0283628} \r\n            EndProperty\r\n"
+        "         EndProperty\r\n      End\r\n   End\r\nEnd\r\n");
+    Open(m_work / "Bar.vbp");
+    pugi::xml_node form = Describe("frmBar");
+    // Frame at 20,40; the toolbar 10,20 inside it; buttons of 1058 HIMETRIC, 40 pixels.
+    EXPECT_STREQ(Control(form, "tbrTools").attribute("Location").value(), "30, 60");
+    EXPECT_STREQ(Control(form, "1_tbrTools").attribute("Location").value(), "30, 60");
+    EXPECT_STREQ(Control(form, "2_tbrTools").attribute("Location").value(), "70, 60");
+    EXPECT_STREQ(Control(form, "2_tbrTools").attribute("Size").value(), "40, 28");
+}
+
 // --- what cannot be read ---
 
 TEST_F(Vb6IdeContextTest, AFormThatCannotBeReadIsNamedAndTheOthersAreStillRead)
