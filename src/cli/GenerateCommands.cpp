@@ -128,6 +128,9 @@ int RunGenerateSource(const GlobalOptions& global, const SourceGenerateOptions& 
             data.OverrideOption("CompileHTMLHelp", OptionValue::Bool(false));
         if (options.open)
             data.OverrideOption("OpenHTMLHelp", OptionValue::Bool(true));
+        // A group is documented whole: one help for all its projects.
+        if (EndsWithNoCase(source, ".vbg"))
+            data.OverrideOption("UseProjectGroupAsSource", OptionValue::Bool(true));
         std::uint32_t status = server.OpenNewProject();
         if (status != 0)
             return ExitCodeOf(status);

@@ -223,3 +223,27 @@ TEST_F(HelpProjectTest, ATargetFolderWithAPercentSignIsQuestioned)
 
 }  // namespace
 }  // namespace scriv
+
+namespace scriv {
+namespace {
+
+TEST(GroupHelpProject, AGroupIsDocumentedWholeIntoOneHelp)
+{
+    test::TempFolder data;
+    test::TempFolder work;
+    std::string group = test::CopyExample("Inventory", work);
+    std::string output;
+    ASSERT_EQ(RunProgram({ "generate", group + "Inventory.vbg" }, output, data.Path()), 0) << output;
+    std::string chm = group + "CHM/";
+    for (const char* topic : { "InventoryApp_Form_frmStock.htm", "InventoryApp_Form_frmReorder.htm",
+             "InventoryReports_Form_frmReportPicker.htm", "InventoryReports_Form_docReportSummary.htm" })
+        EXPECT_TRUE(FileExists(chm + topic)) << topic;
+    std::set<std::string> inside = ChmFiles(chm + "InventoryApp.chm");
+    for (const std::string& topic : ContentsTopics(ReadFileText(chm + "InventoryApp.hhc").value_or("")))
+        EXPECT_TRUE(inside.count("/" + topic)) << topic;
+    EXPECT_TRUE(FileExists(chm + "main.htm"));
+    EXPECT_TRUE(FileExists(chm + "ss.html"));
+}
+
+}  // namespace
+}  // namespace scriv
