@@ -274,15 +274,23 @@ void CW_IDEVB6Context::RenderComponent(Component& component)
 
 bool CW_IDEVB6Context::ActivateControl(const std::string& controlFullPath, bool runtimeFlag, bool setFocusFlag)
 {
-    // "Form.frmOrder.tabOrder.1_tabOrder.[1]" brings page 1 of tabOrder to the front.
+    // "Form.frmOrder.tabOrder.1_tabOrder.[1]" brings page 1 of tabOrder to the
+    // front; a page of a tab control on another's page brings both.
     std::vector<std::string> parts = Split(controlFullPath, ".");
     if (parts.size() < 5 || parts.back().size() < 3 || parts.back().front() != '[' || parts.back().back() != ']')
         return true;
     Component* component = FindComponent(parts[1]);
-    std::string page = parts.back().substr(1, parts.back().size() - 2);
-    if (!component || !component->file || !IsNumeric(page))
+    if (!component || !component->file)
         return false;
-    component->shownPages[parts[parts.size() - 3]] = ToInt(page);
+    for (std::size_t i = 4; i < parts.size(); ++i) {
+        const std::string& part = parts[i];
+        if (part.size() < 3 || part.front() != '[' || part.back() != ']')
+            continue;
+        std::string page = part.substr(1, part.size() - 2);
+        if (!IsNumeric(page))
+            return false;
+        component->shownPages[parts[i - 2]] = ToInt(page);
+    }
     RenderComponent(*component);
     return true;
 }

@@ -9,11 +9,13 @@
 #include <string>
 #include <vector>
 
+#include "foundation/ObjectNames.h"
 #include "foundation/Paths.h"
 #include "foundation/StringUtil.h"
 #include "foundation/System.h"
 #include "host/CW_IDEVB6Context.h"
 #include "host/CW_IDEVB6FormProcessor.h"
+#include "host/vb6/Vb6Block.h"
 #include "host/vb6/Vb6FormFile.h"
 #include "screenshots/CFormRenderer.h"
 #include "screenshots/cJPEG.h"
@@ -54,6 +56,22 @@ std::string MetaFormName(const std::string& page)
     return std::regex_search(page, match, pattern) ? std::string(match[1]) : std::string();
 }
 
+// The pages (tab control, page) a control stands on, outermost first.
+std::vector<std::pair<std::string, int>> OuterPages(const Vb6Block& control)
+{
+    std::vector<std::pair<std::string, int>> pages;
+    for (const Vb6Block* child = &control; child->Parent(); child = child->Parent()) {
+        const Vb6Block* parent = child->Parent();
+        if (!EqualsNoCase(parent->ShortType(), "SSTab"))
+            continue;
+        for (int page = 0; page < static_cast<int>(parent->Number("Tabs", 3)); ++page)
+            for (const std::string& name : parent->TabPageControlNames(page))
+                if (EqualsNoCase(name, child->IndexedName()))
+                    pages.insert(pages.begin(), { parent->IndexedName(), page });
+    }
+    return pages;
+}
+
 // Where the renderer drew every control of a form, with each page of each
 // tab control shown in turn.
 std::map<std::string, PixelRect> DrawnControls(const Vb6FormFile& file, Picture* firstPicture)
@@ -65,8 +83,18 @@ std::map<std::string, PixelRect> DrawnControls(const Vb6FormFile& file, Picture*
     CFormRenderer renderer(processor, form, file);
     auto take = [&] {
         RenderedForm rendered = renderer.Render();
-        for (const RenderedControl& control : rendered.controls)
-            drawn.emplace(control.name, control.rect);
+        // Bookmarks carry names as file names do: transliterated.
+        // A control drawn where its page is shown counts over one recorded
+        // on a page moved aside.
+        auto keep = [&](const std::string& name, const PixelRect& rect) {
+            auto found = drawn.find(name);
+            if (found == drawn.end() || (found->second.left < -1000 && rect.left >= -1000))
+                drawn[name] = rect;
+        };
+        for (const RenderedControl& control : rendered.controls) {
+            keep(control.name, control.rect);
+            keep(EncodeObjectName(control.name), control.rect);
+        }
         return rendered;
     };
     RenderedForm first = take();
@@ -75,9 +103,13 @@ std::map<std::string, PixelRect> DrawnControls(const Vb6FormFile& file, Picture*
     for (const Vb6Block* block : file.Form().Descendants()) {
         if (!EqualsNoCase(block->ShortType(), "SSTab"))
             continue;
-        for (int page = 0; page < static_cast<int>(block->Number("Tabs", 3)); ++page)
+        for (int page = 0; page < static_cast<int>(block->Number("Tabs", 3)); ++page) {
+            // A tab control on another's page shows when that page does.
+            for (const auto& [outer, outerPage] : OuterPages(*block))
+                renderer.ShowTabPage(outer, outerPage);
             if (renderer.ShowTabPage(block->IndexedName(), page))
                 take();
+        }
     }
     return drawn;
 }

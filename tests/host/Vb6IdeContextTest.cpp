@@ -11,6 +11,7 @@
 #include "host/CW_IDEVB6FormProcessor.h"
 #include "host/clsFormCollection.h"
 #include "host/vb6/Vb6FormFile.h"
+#include "screenshots/RenderedWindows.h"
 #include "model/CHelpPrjTreeNode.h"
 #include "server/CScrivServerAgent.h"
 #include "support/CoreFixture.h"
@@ -343,6 +344,39 @@ TEST_F(Vb6IdeContextTest, AToolbarInsideAFrameHasItsButtonsWhereTheFramePutsIt)
     EXPECT_STREQ(Control(form, "1_tbrTools").attribute("Location").value(), "30, 60");
     EXPECT_STREQ(Control(form, "2_tbrTools").attribute("Location").value(), "70, 60");
     EXPECT_STREQ(Control(form, "2_tbrTools").attribute("Size").value(), "40, 28");
+}
+
+TEST_F(Vb6IdeContextTest, APageOfATabControlOnAnotherPageIsShownWithItsOuterPage)
+{
+    m_work.Write("Nest.vbp", "Type=Exe\r\nForm=frmNest.frm\r\n");
+    m_work.Write("frmNest.frm",
+        "VERSION 5.00\r\nObject = \"{BDC217C8-ED16-11CD-956C-0000C04E4C0A}#1.1#0\"; \"TABCTL32.OCX\"\r\n"
+        "Begin VB.Form frmNest \r\n   ClientHeight = 4500\r\n   ClientWidth = 6000\r\n"
+        "   Begin TabDlg.SSTab tabOuter \r\n      Height = 4200\r\n      Left = 150\r\n      TabIndex = 0\r\n"
+        "      Top = 150\r\n      Width = 5700\r\n      Tabs = 2\r\n      Tab = 0\r\n"
+        "      Tab(0).ControlCount = 0\r\n      Tab(1).Control(0) = \"tabInner\"\r\n      Tab(1).ControlCount = 1\r\n"
+        "      Begin TabDlg.SSTab tabInner \r\n         Height = 3000\r\n         Left = -74700\r\n"
+        "         TabIndex = 1\r\n         Top = 600\r\n         Width = 5100\r\n         Tabs = 3\r\n"
+        "         Tab = 0\r\n         Tab(0).ControlCount = 0\r\n         Tab(1).ControlCount = 0\r\n"
+        "         Tab(2).Control(0) = \"txtDeep\"\r\n         Tab(2).ControlCount = 1\r\n"
+        "         Begin VB.TextBox txtDeep \r\n            Height = 285\r\n            Left = -74400\r\n"
+        "            TabIndex = 2\r\n            Top = 900\r\n            Width = 1500\r\n         End\r\n"
+        "      End\r\n   End\r\nEnd\r\n");
+    CW_IDEVB6Context& host = Open(m_work / "Nest.vbp");
+    int handle = host.ActivateComponent(objtype::kForm, "frmNest", true, false);
+    auto drawnAt = [&](const std::string& name) -> const RenderedControl* {
+        const RenderedWindow* window = RenderedWindows().Find(handle);
+        return window ? window->form.Find(name) : nullptr;
+    };
+    EXPECT_EQ(drawnAt("txtDeep"), nullptr);
+    ASSERT_TRUE(host.ActivateControl("Form.frmNest.tabOuter.1_tabOuter.[1].tabInner.2_tabInner.[2]", false, false));
+    const RenderedControl* deep = drawnAt("txtDeep");
+    ASSERT_NE(deep, nullptr);
+    // 150 + 300 + 600 twips right of the client area, 150 + 600 + 900 down.
+    EXPECT_EQ(deep->rect.left, 4 + 70);
+    EXPECT_EQ(deep->rect.top, 22 + 110);
+    host.CloseComponent(objtype::kForm, "frmNest", false);
+    EXPECT_EQ(RenderedWindows().Find(handle), nullptr);
 }
 
 // --- what cannot be read ---
