@@ -1,12 +1,20 @@
 #include "screenshots/Screenshot.h"
 
 #include "foundation/CTraceLog.h"
+#include "foundation/FileBackups.h"
+#include "foundation/ErrorMessage.h"
 #include "foundation/Paths.h"
 #include "foundation/ScrivError.h"
 #include "foundation/StringUtil.h"
 #include "generation/CScrivantParameters.h"
 #include "screenshots/CFormBitmapCapture.h"
+#include "generation/CScrivant.h"
+#include "model/CAddInProject.h"
+#include "model/CAddInProjects.h"
+#include "model/CAddInSettingsXmlFile.h"
+#include "model/CHelpPrjTree.h"
 #include "server/CScrivServer.h"
+#include "server/CScrivServerData.h"
 #include "server/CScrivServerAgent.h"
 #include "uidesc/CXmlControl.h"
 #include "uidesc/CXmlForm.h"
@@ -103,6 +111,136 @@ void Screenshot::TakeCompoundControlScreenshot(CXmlForm& form, CXmlControl& cont
     }
     for (auto& child : control.Controls())
         TakeCompoundControlScreenshot(form, *child.value, hwnd, targetFolder);
+}
+
+// --- one form at a time ---
+
+void Screenshot::ClearError()
+{
+    m_errNum = 0;
+    m_errDescription.clear();
+    m_errText.clear();
+}
+
+bool Screenshot::Fail(const std::string& description, std::uint32_t number)
+{
+    m_errNum = number;
+    m_errDescription = description;
+    m_errText = "Error " + FormatCode(number) + ": " + description;
+    Trace("Screenshot: " + description);
+    return false;
+}
+
+bool Screenshot::LoadProject(const std::string& svpFullPath)
+{
+    ClearError();
+    if (!m_loadedPath.empty() && svpFullPath == m_loadedPath)
+        return true;
+    CScrivServer* server = CurrentServer();
+    if (!server)
+        return Fail("Error loading project definitions of '" + svpFullPath + "', ErrCode = "
+            + FormatCode(status::kGeneralFailure));
+    std::uint32_t result = server->ReloadScrivProject(svpFullPath, -1);
+    CAddInProject* project = server->Data().Projects().CurrentProject();
+    if (result != 0 || !project)
+        return Fail("Error " + FormatCode(result == 0 ? status::kGeneralFailure : result), result);
+    m_loadedPath = svpFullPath;
+    m_snapshotFormat = server->Data().GetSettings().OptionText("SnapshotFormat");
+    m_htmlFolder = AddBackslash(project->Folder);
+    m_picsFolder = project->PicsSubfolderPath();
+    return true;
+}
+
+bool Screenshot::TakeVB6FormScreenshot(const std::string& formName, int picType, const std::string& targetFolder,
+    const std::string& pictureFileName, const std::string& htmlFileName)
+{
+    ClearError();
+    std::string picture;
+    std::string page;
+    if (picType == -1) {
+        if (m_loadedPath.empty())
+            return Fail("Source Scriv project isn't loaded.");
+        CScrivServer* server = CurrentServer();
+        CHelpPrjTreeNode* node = server && server->Data().ScrivEngine().HasHelpProjectTree()
+            ? server->Data().ScrivEngine().HelpProjectTree().Root()
+            : nullptr;
+        node = node ? node->GetUIObjectXMLNode(objtype::kForm, formName) : nullptr;
+        std::unique_ptr<CXmlForm> saved = node ? node->LoadXmlForm() : nullptr;
+        if (!saved)
+            return Fail("Form [" + formName + "] not found in generated project '" + m_loadedPath + "'");
+        picType = EqualsNoCase(m_snapshotFormat, "Bitmap") ? 1 : 2;
+        picture = saved->PicFullPath();
+        page = saved->HtmlFullPath();
+    } else {
+        if (picType != 1 && picType != 2)
+            return Fail("Pictype can be only equal to 1(Bitmap) or 2(Jpeg)");
+        if (targetFolder.empty())
+            return Fail("TargetFolder isn't specified");
+        if (pictureFileName.empty())
+            return Fail("Picture file name isn't specified");
+        picture = AddBackslash(targetFolder) + ReplaceAll(pictureFileName, "{{FormName}}", formName);
+        if (!htmlFileName.empty())
+            page = AddBackslash(targetFolder) + ReplaceAll(htmlFileName, "{{FormName}}", formName);
+    }
+    return Take(formName, picType, picture, page);
+}
+
+bool Screenshot::TakeWindowScreenshot(int hwnd, int picType, const std::string& targetFolder,
+    const std::string& pictureFileName)
+{
+    ClearError();
+    if (picType != 1 && picType != 2)
+        return Fail("Pictype can be only equal to 1(Bitmap) or 2(Jpeg)");
+    if (targetFolder.empty())
+        return Fail("TargetFolder isn't specified");
+    if (pictureFileName.empty())
+        return Fail("Picture file name isn't specified");
+    std::string path = AddBackslash(targetFolder) + pictureFileName;
+    // The misspelling is the message as users know it.
+    if (!CFormBitmapCapture().CaptureWindowScreenshot(hwnd, path, picType == 1 ? "bmp" : "jpg"))
+        return Fail("Unexpected error whille taking window screenshot.");
+    m_takenImage = path;
+    return true;
+}
+
+bool Screenshot::Take(const std::string& formName, int picType, const std::string& pictureFullPath,
+    const std::string& htmlFullPath)
+{
+    CScrivServer* server = CurrentServer();
+    if (!server)
+        return Fail("Undefined object type and name Form(" + formName + ")");
+    CScrivantParameters& parameters = Parameters();
+    parameters.SetImagesFormat(picType == 1 ? 1 : 2);
+    // The format decides the extension, whatever the name asked for.
+    std::string picture = pictureFullPath;
+    if (!picture.empty())
+        picture = FolderOf(picture) + FileBaseName(picture) + (picType == 1 ? ".bmp" : ".jpg");
+    CScrivServerAgent& agent = server->Agent();
+    if (!agent.ComponentExistsTest(objtype::kForm, formName))
+        return Fail("Undefined object type and name Form(" + formName + ")");
+    CScrivant& scriv = server->Data().ScrivEngine();
+    std::unique_ptr<CXmlForm> form = scriv.CreateNormalizedXmlDef(objtype::kForm, formName,
+        agent.HostAppMainWindowHWnd(), !parameters.MakeNormalViewScreenshots, picture, htmlFullPath, false, "VB6", true);
+    if (!form)
+        return Fail("Undefined object type and name Form(" + formName + ")");
+    agent.ActivateComponent(objtype::kForm, formName, true, false);
+    LocateObjectsAndTakeScreenshots(*form, FolderOf(picture));
+    agent.CloseComponent(objtype::kForm, formName, false);
+    m_takenImage = picture;
+    if (htmlFullPath.empty())
+        return true;
+    if (form->StylesheetFullPath().empty())
+        form->SetStylesheetFullPath(parameters.CSSFullPath());
+    if (form->Charset.empty())
+        form->Charset = parameters.Charset;
+    if (FileExists(htmlFullPath) && !CopyFileOver(htmlFullPath, BackupFileName(htmlFullPath))) {
+        Fail("Cannot backup active object's HTML file '" + htmlFullPath + "'.");
+        return false;
+    }
+    Trace("TakeScreenshot: ObjType = Form, ObjName = " + formName + ", PicFullPath = " + picture
+        + ", HtmlFullPath = " + htmlFullPath + ", IsVSNet = False");
+    form->SaveHTMLEx(htmlFullPath, false);
+    return true;
 }
 
 }  // namespace scriv

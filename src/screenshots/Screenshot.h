@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <string>
 
 namespace scriv {
@@ -24,10 +25,44 @@ public:
     // Pictures written by the last call.
     int PicturesTaken() const { return m_taken; }
 
+    // --- one form at a time, as a screenshot tool asks ---
+    // Every call below clears the last error first and answers false with
+    // LastErrDscr set when it cannot do what it is asked.
+
+    // Opens a help project (a .svp) for the calls below; the same path again does nothing.
+    bool LoadProject(const std::string& svpFullPath);
+    // Photographs a form of the application and, unless htmlFileName is
+    // empty, writes its topic beside the picture. With picType -1 the loaded
+    // project says where and how; otherwise picType is 1 (bitmap) or 2 (JPEG)
+    // and "{{FormName}}" in the file names becomes the form's name.
+    bool TakeVB6FormScreenshot(const std::string& formName, int picType, const std::string& targetFolder,
+        const std::string& pictureFileName, const std::string& htmlFileName);
+    // Photographs a window alone, without a page.
+    bool TakeWindowScreenshot(int hwnd, int picType, const std::string& targetFolder, const std::string& pictureFileName);
+
+    const std::string& LoadedProjectSnapshotFormat() const { return m_snapshotFormat; }
+    const std::string& LoadedProjectHtmlFolder() const { return m_htmlFolder; }
+    const std::string& LoadedProjectPicsFolder() const { return m_picsFolder; }
+    const std::string& TakenImageFullPath() const { return m_takenImage; }
+    std::uint32_t LastErrNum() const { return m_errNum; }
+    const std::string& LastErrDscr() const { return m_errDescription; }
+    const std::string& LastErrStr() const { return m_errText; }
+
 private:
     void TakeCompoundControlScreenshot(CXmlForm& form, CXmlControl& control, int hwnd, const std::string& targetFolder);
+    bool Take(const std::string& formName, int picType, const std::string& pictureFullPath, const std::string& htmlFullPath);
+    bool Fail(const std::string& description, std::uint32_t number = 0x80040001);
+    void ClearError();
 
     int m_taken { 0 };
+    std::string m_loadedPath;
+    std::string m_snapshotFormat;
+    std::string m_htmlFolder;
+    std::string m_picsFolder;
+    std::string m_takenImage;
+    std::uint32_t m_errNum { 0 };
+    std::string m_errDescription;
+    std::string m_errText;
 };
 
 }  // namespace scriv
