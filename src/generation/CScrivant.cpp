@@ -692,6 +692,11 @@ std::uint32_t CScrivant::SaveHelpProjectFiles()
         tree.SaveHHC(project.HHCFullPath());
         Data().ProgressBarUpdate("Generating index...", 3);
         tree.MakeAndSaveHHK(project.HHKFullPath(), *m_helpIndex);
+        std::string index = m_helpIndex->HHKContents();
+        int entries = 0;
+        for (std::size_t at = index.find("<LI>"); at != std::string::npos; at = index.find("<LI>", at + 1))
+            ++entries;
+        Data().GenerationStats().IndexEntriesCount = entries;
         Data().ProgressBarUpdate("Generating and saving checksums...", 4);
         // The browser help marks every topic; the checksums are taken of the
         // pages as they are left.

@@ -95,6 +95,9 @@ TEST_F(HelpProjectTest, TheContentsIndexAndCompilerProjectAreWrittenLineForLine)
 {
     std::string output;
     ASSERT_EQ(Generate(output), 0) << output;
+    // The closing statistics count what was written.
+    EXPECT_NE(output.find("- 4 new help pages with 10 sections,\n- 2 screenshots,"), std::string::npos) << output;
+    EXPECT_NE(output.find("- 11 index entries in generated help."), std::string::npos) << output;
     for (const char* file : { "Tiny.hhc", "Tiny.hhk", "Tiny.hhp", "Tiny.h", "Tiny.txt" })
         EXPECT_EQ(Read(file), Golden(file)) << file;
     // The application's header has the ids of the lists of all dialogs too.
