@@ -6,11 +6,11 @@
 #include <memory>
 #include <string>
 
+#include "desktop/BmpFile.h"
+#include "desktop/CFormRenderer.h"
+#include "desktop/cJPEG.h"
 #include "host/CW_IDEVB6FormProcessor.h"
 #include "host/vb6/Vb6FormFile.h"
-#include "screenshots/BmpFile.h"
-#include "screenshots/CFormRenderer.h"
-#include "screenshots/cJPEG.h"
 
 namespace {
 

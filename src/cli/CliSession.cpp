@@ -2,6 +2,7 @@
 
 #include <iostream>
 
+#include "desktop/CW_IDEVB6Context.h"
 #include "foundation/ConsoleUserInterface.h"
 #include "foundation/ErrorMessage.h"
 #include "foundation/IUserInterface.h"
@@ -9,11 +10,10 @@
 #include "foundation/ScrivError.h"
 #include "foundation/StringUtil.h"
 #include "generation/CScrivant.h"
-#include "generation/CScrivantParameters.h"
 #include "host/CFakeHostContext.h"
-#include "host/CW_IDEVB6Context.h"
 #include "model/CAddInProjects.h"
 #include "model/CHelpPrjTree.h"
+#include "model/CScrivantParameters.h"
 #include "server/CScrivClient.h"
 #include "server/CScrivServer.h"
 #include "server/CScrivServerData.h"

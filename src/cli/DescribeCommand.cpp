@@ -4,13 +4,13 @@
 #include <iostream>
 
 #include "cli/CliSession.h"
+#include "desktop/CW_IDEVB6Context.h"
 #include "foundation/Paths.h"
 #include "foundation/ScrivError.h"
 #include "foundation/StringUtil.h"
 #include "generation/CScrivant.h"
-#include "generation/CScrivantParameters.h"
-#include "host/CW_IDEVB6Context.h"
 #include "model/CHelpPrjTreeNode.h"
+#include "model/CScrivantParameters.h"
 #include "server/CScrivServer.h"
 #include "server/CScrivServerData.h"
 #include "uidesc/CXmlForm.h"

@@ -6,19 +6,19 @@
 
 #include "cli/CliSession.h"
 #include "foundation/AppFolders.h"
-#include "foundation/Version.h"
 #include "foundation/ConsoleUserInterface.h"
 #include "foundation/ErrorMessage.h"
 #include "foundation/Paths.h"
 #include "foundation/ScrivError.h"
 #include "foundation/StringUtil.h"
+#include "foundation/Version.h"
 #include "generation/CScrivCompiler.h"
 #include "generation/CScrivant.h"
-#include "generation/CScrivantParameters.h"
 #include "generation/HtmlHelpCompiler.h"
 #include "model/CAddInProject.h"
 #include "model/CAddInProjects.h"
 #include "model/CAddInSettingsXmlFile.h"
+#include "model/CScrivantParameters.h"
 #include "server/CScrivActions.h"
 #include "server/CScrivServer.h"
 #include "server/CScrivServerData.h"
@@ -149,7 +149,7 @@ int RunRecompile(const GlobalOptions& global, const std::string& projectFile, bo
     return WithProject(global, projectFile, hostFile, [&](CScrivServer& server, CAddInProject& project) {
         ConsoleOptions console = DetectConsoleOptions(global.assumeYes);
         bool quiet = !console.interactive || global.assumeYes;
-        std::uint32_t status = CScrivCompiler().RecompileHelpProject(quiet, webOnly);
+        std::uint32_t status = CScrivCompiler(server.Data().ScrivEngine()).RecompileHelpProject(quiet, webOnly);
         if (status != 0)
             return ExitCodeOf(status);
         if (webOnly)
@@ -163,7 +163,7 @@ int RunRecompile(const GlobalOptions& global, const std::string& projectFile, bo
 int RunRegenerate(const GlobalOptions& global, const std::string& projectFile, const std::string& hostFile)
 {
     return WithProject(global, projectFile, hostFile, [&](CScrivServer& server, CAddInProject& project) {
-        CScrivCompiler compiler;
+        CScrivCompiler compiler(server.Data().ScrivEngine());
         std::uint32_t status = compiler.RegenerateHelpProject();
         // Nothing new is no failure: the warning said so.
         if (status == status::kAbandoned)

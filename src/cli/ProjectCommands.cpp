@@ -4,6 +4,7 @@
 #include <iostream>
 
 #include "cli/CliSession.h"
+#include "desktop/CW_IDEVB6Context.h"
 #include "foundation/ConsoleUserInterface.h"
 #include "foundation/ErrorMessage.h"
 #include "foundation/IUserInterface.h"
@@ -11,13 +12,12 @@
 #include "foundation/ScrivError.h"
 #include "foundation/StringUtil.h"
 #include "generation/CScrivant.h"
-#include "generation/CScrivantParameters.h"
 #include "host/CFakeHostContext.h"
 #include "model/CAddInProjects.h"
 #include "model/CAddInSettingsXmlFile.h"
 #include "model/CHeadlessTreeView.h"
 #include "model/CHelpPrjTree.h"
-#include "host/CW_IDEVB6Context.h"
+#include "model/CScrivantParameters.h"
 #include "server/CScrivActions.h"
 #include "server/CScrivServer.h"
 #include "server/CScrivServerData.h"

@@ -6,15 +6,15 @@
 #include <optional>
 
 #include "cli/CliSession.h"
+#include "desktop/BmpFile.h"
+#include "desktop/CFormRenderer.h"
+#include "desktop/CW_IDEVB6Context.h"
+#include "desktop/cJPEG.h"
 #include "foundation/Paths.h"
 #include "foundation/ScrivError.h"
 #include "foundation/StringUtil.h"
-#include "host/CW_IDEVB6Context.h"
 #include "host/CW_IDEVB6FormProcessor.h"
 #include "host/vb6/Vb6FormFile.h"
-#include "screenshots/BmpFile.h"
-#include "screenshots/CFormRenderer.h"
-#include "screenshots/cJPEG.h"
 
 namespace scriv {
 namespace {

@@ -486,4 +486,11 @@ std::int32_t ToInt(std::string_view text)
     return static_cast<std::int32_t>(std::clamp<std::int64_t>(value, INT32_MIN, INT32_MAX));
 }
 
+std::string TruncateForCaption(std::string_view text)
+{
+    if (CharCount(text) <= 32)
+        return std::string(text);
+    return LeftChars(text, 32) + "...";
+}
+
 }  // namespace scriv

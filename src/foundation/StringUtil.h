@@ -69,4 +69,7 @@ inline std::string BoolText(bool value) { return value ? "true" : "false"; }
 // The line end of every file the system writes.
 inline constexpr std::string_view kCrLf = "\r\n";
 
+// Cut to 32 characters and "..." when longer.
+std::string TruncateForCaption(std::string_view text);
+
 }  // namespace scriv

@@ -14,10 +14,9 @@
 #include "foundation/StringUtil.h"
 #include "foundation/TextEncoding.h"
 #include "generation/CScrivant.h"
-#include "generation/CScrivantParameters.h"
 #include "model/CHelpPrjTree.h"
-#include "server/CScrivServer.h"
-#include "server/CScrivServerData.h"
+#include "model/CScrivantParameters.h"
+#include "model/IRunContext.h"
 #include "uidesc/CFormHTMLControlDef.h"
 #include "uidesc/CXmlControl.h"
 #include "uidesc/CXmlForm.h"
@@ -517,8 +516,8 @@ std::string CFormHtmlTemplates::GenerateQueryFieldsHTML(std::string_view queryXm
         return {};
     std::string out = "<H2>" + XmlEncodeChars(query.attribute("Name").value()) + "</H2>" + kEol;
     CHelpPrjTree* tree = nullptr;
-    if (CScrivServer* server = CurrentServer(); server && server->Data().ScrivEngine().HasHelpProjectTree())
-        tree = &server->Data().ScrivEngine().HelpProjectTree();
+    if (IRunContext* context = CurrentRunContext())
+        tree = context->LoadedTree();
     // Inherited fields are listed per table, six to a line, each linked to its table's topic.
     std::vector<std::pair<std::string, std::vector<std::string>>> tables;
     for (pugi::xml_node field : document.SelectSingleNode("//Query/InheritedFields").children()) {

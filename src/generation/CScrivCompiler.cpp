@@ -11,18 +11,18 @@
 #include "foundation/StringUtil.h"
 #include "foundation/System.h"
 #include "generation/CScrivant.h"
-#include "generation/CScrivantParameters.h"
+#include "generation/ContentsFiles.h"
 #include "generation/HtmlHelpCompiler.h"
 #include "generation/clsHHK.h"
 #include "model/CAddInProject.h"
 #include "model/CAddInProjects.h"
 #include "model/CHelpPrjCheckSums.h"
 #include "model/CHelpPrjTree.h"
+#include "model/CScrivantParameters.h"
 #include "model/IHelpPrjSourceProject.h"
+#include "model/IHostAgent.h"
+#include "model/IRunContext.h"
 #include "model/Serializers.h"
-#include "server/CScrivServer.h"
-#include "server/CScrivServerAgent.h"
-#include "server/CScrivServerData.h"
 #include "uidesc/CFormHTMLManipulator.h"
 
 namespace scriv {
@@ -47,12 +47,12 @@ constexpr ListKind kListKinds[] = {
     { { "Charts", nullptr }, 82, "Chart" },
 };
 
-CScrivServer& Server()
+IRunContext& Context()
 {
-    CScrivServer* server = CurrentServer();
-    if (!server)
+    IRunContext* context = CurrentRunContext();
+    if (!context)
         Raise(status::kGeneralFailure, "CScrivCompiler", "Recompiling needs a connected server.");
-    return *server;
+    return *context;
 }
 
 std::unique_ptr<IXmlSerializer> ListObject(IClassFactory& factory, std::size_t group)
@@ -97,21 +97,25 @@ SourceItems& ItemsOf(IHelpPrjSourceProject& source, std::size_t group)
 
 }  // namespace
 
-CScrivCompiler::CScrivCompiler() = default;
+CScrivCompiler::CScrivCompiler(CScrivant& engine)
+    : m_engine(engine)
+{
+}
+
 CScrivCompiler::~CScrivCompiler() = default;
 
 // --- the compiled file ---
 
-std::string CScrivCompiler::SourceFolderHelpFilePath() const
+std::string CScrivCompiler::SourceFolderHelpFilePath()
 {
-    CScrivServer* server = CurrentServer();
-    std::string source = server ? server->Agent().CurrentSourceProjectFullPath() : std::string();
+    IHostAgent* agent = CurrentHostAgent();
+    std::string source = agent ? agent->CurrentSourceProjectFullPath() : std::string();
     if (source.empty())
         return {};
     return AddBackslash(FolderOf(source)) + FileBaseName(Parameters().CompiledHelpFullPath()) + ".chm";
 }
 
-bool CScrivCompiler::HelpFileCanBeOverwritten() const
+bool CScrivCompiler::HelpFileCanBeOverwritten()
 {
     std::string target = SourceFolderHelpFilePath();
     if (target.empty() || !FileExists(target))
@@ -127,12 +131,12 @@ bool CScrivCompiler::HelpFileCanBeOverwritten() const
 
 void CScrivCompiler::ReleaseStep(bool hourglassOff)
 {
-    CScrivServer& server = Server();
+    IRunContext& context = Context();
     if (m_progressShown)
-        server.Data().ProgressBarDispose();
+        context.ProgressBarDispose();
     m_progressShown = false;
     if (hourglassOff)
-        server.Agent().HourglassOff();
+        context.Agent().HourglassOff();
 }
 
 std::uint32_t CScrivCompiler::RecompileHelpProject(bool quiet, bool webOnly)
@@ -147,18 +151,17 @@ std::uint32_t CScrivCompiler::RecompileHelpProject(bool quiet, bool webOnly)
 
 std::uint32_t CScrivCompiler::RecompileHelpProject1(bool quiet, bool webOnly)
 {
-    CScrivServer& server = Server();
-    CScrivServerData& data = server.Data();
+    IRunContext& data = Context();
     if (!data.IsMSAccessDbOpened())
         return status::kGeneralFailure;
     SetErrorCounter(0);
-    server.Agent().HourglassOn();
+    data.Agent().HourglassOn();
     CAddInProject* project = data.Projects().CurrentProject();
     if (!project) {
         ReleaseStep(true);
         return status::kAbandoned;
     }
-    CScrivant& scriv = data.ScrivEngine();
+    CScrivant& scriv = m_engine;
     CHelpPrjTree& tree = scriv.HelpProjectTree();
     data.ProgressBarInit("Starting recompile...", 6);
     m_progressShown = true;
@@ -166,11 +169,11 @@ std::uint32_t CScrivCompiler::RecompileHelpProject1(bool quiet, bool webOnly)
     data.Projects().SaveCurrentProject();
     data.ProgressBarUpdate("Refreshing and saving TOC ...", 2);
     scriv.WriteHHPFile(project->HHPFullPath());
-    tree.SaveHHC(project->HHCFullPath(), true);
+    SaveHHC(tree, project->HHCFullPath(), true);
     data.ProgressBarUpdate("Refreshing and saving HTML help index ...", 3);
-    tree.MakeAndSaveHHK(project->HHKFullPath(), scriv.HelpIndex());
+    MakeAndSaveHHK(tree, project->HHKFullPath(), scriv.HelpIndex());
     data.ProgressBarUpdate("Generating Browser Based Help...", 3);
-    tree.MakeJavaHelp();
+    MakeJavaHelp(tree);
     tree.CheckSums().Recalc();
     tree.SaveCheckSums(true);
     tree.SetWasChanged(false);
@@ -203,7 +206,7 @@ std::uint32_t CScrivCompiler::RecompileHelpProject1(bool quiet, bool webOnly)
                     + "Return value: " + std::to_string(code));
         }
         data.ProgressBarUpdate("Copying recompiled HTML help...", 5);
-        std::string source = server.Agent().CurrentSourceProjectFullPath();
+        std::string source = data.Agent().CurrentSourceProjectFullPath();
         std::string target = source.empty() ? std::string() : AddBackslash(FolderOf(source)) + FileNameOf(project->CHMFullPath());
         if (!target.empty() && FileExists(project->CHMFullPath()) && target != project->CHMFullPath())
             CopyFileOver(project->CHMFullPath(), target);
@@ -240,9 +243,8 @@ bool CScrivCompiler::NodeExists(const KeyedCollection<CHelpPrjTreeNode*>& map, c
 
 void CScrivCompiler::FindNewSourceObjects()
 {
-    CScrivServer& server = Server();
-    CHelpPrjTree& tree = server.Data().ScrivEngine().HelpProjectTree();
-    std::unique_ptr<IHelpPrjSourceProject> source = server.Agent().ParseSourceProject();
+    CHelpPrjTree& tree = m_engine.HelpProjectTree();
+    std::unique_ptr<IHelpPrjSourceProject> source = Context().Agent().ParseSourceProject();
     if (!source)
         return;
     // Worksheets come twice, as they always did; the second pass finds nothing.
@@ -309,7 +311,7 @@ void CScrivCompiler::LocateListNodes(CHelpPrjTreeNode* node)
 
 void CScrivCompiler::AddNewFormsAndReports()
 {
-    CHelpPrjTree& tree = Server().Data().ScrivEngine().HelpProjectTree();
+    CHelpPrjTree& tree = m_engine.HelpProjectTree();
     for (Group& group : m_groups) {
         if (group.nodes.empty() || !group.parent)
             continue;
@@ -333,8 +335,8 @@ void CScrivCompiler::AddNewFormsAndReports()
 
 std::uint32_t CScrivCompiler::RegenerateHelpProject()
 {
-    CScrivServer& server = Server();
-    CScrivServerData& data = server.Data();
+    IRunContext& data = Context();
+    IHostAgent& agent = data.Agent();
     CScrivantParameters& parameters = Parameters();
     std::uint32_t result = 0;
     std::uint32_t failure = ErrorFrame("CScrivCompiler.RegenerateHelpProject", [&] {
@@ -345,14 +347,14 @@ std::uint32_t CScrivCompiler::RegenerateHelpProject()
             project->RefreshSourceProjectsList();
             std::string list = project->SourceProjectsList();
             Trace("RegenerateHelpProject: SourceProjectsList = " + list);
-            std::string kept = server.Agent().CurrentSourceProjectName();
+            std::string kept = agent.CurrentSourceProjectName();
             for (const std::string& name : Split(list, "|")) {
                 if (name.empty())
                     continue;
-                server.Agent().SetCurrentSourceProject(name);
+                agent.SetCurrentSourceProject(name);
                 FindNewSourceObjects();
             }
-            server.Agent().SetCurrentSourceProject(kept);
+            agent.SetCurrentSourceProject(kept);
         }
         Trace("CScrivCompiler.RegenerateHelpProject, NewObjectFound = " + std::string(NewObjectFound() ? "True" : "False"));
         if (!NewObjectFound()) {
@@ -360,7 +362,7 @@ std::uint32_t CScrivCompiler::RegenerateHelpProject()
             result = status::kAbandoned;
             return;
         }
-        CHelpPrjTree& tree = data.ScrivEngine().HelpProjectTree();
+        CHelpPrjTree& tree = m_engine.HelpProjectTree();
         for (Group& group : m_groups)
             group.parent = nullptr;
         LocateListNodes(tree.Root());
@@ -374,12 +376,12 @@ std::uint32_t CScrivCompiler::RegenerateHelpProject()
 
         bool openEditor = parameters.OpenHTMLEditor;
         parameters.OpenHTMLEditor = false;
-        data.ScrivEngine().GenerateHelpProject(false, false, true, false, true);
+        m_engine.GenerateHelpProject(false, false, true, false, true);
         LogicLoop().RunPending();
         parameters.OpenHTMLEditor = openEditor;
-        if (!data.GenerationInterrupted && ErrorCounter() == 0 && project)
-            server.ReloadScrivProject(project->SVPFullPath(), -1);
-        data.GenerationInterrupted = false;
+        if (!data.State().GenerationInterrupted && ErrorCounter() == 0 && project)
+            data.ReloadScrivProject(project->SVPFullPath(), -1);
+        data.State().GenerationInterrupted = false;
         SetErrorCounter(0);
     });
     for (Group& group : m_groups) {

@@ -12,6 +12,7 @@ namespace scriv {
 
 class CHelpPrjTree;
 class CHelpPrjTreeNode;
+class CScrivant;
 
 // Keeps a help project up to date. Recompiling rewrites the derived files
 // (project file, contents, index, browser help, checksums) and the compiled
@@ -20,7 +21,8 @@ class CHelpPrjTreeNode;
 // Made for one call.
 class CScrivCompiler {
 public:
-    CScrivCompiler();
+    // Works on the engine's loaded tree of the current project.
+    explicit CScrivCompiler(CScrivant& engine);
     ~CScrivCompiler();
 
     // quiet: do not offer to open the result; webOnly: no compiler run.
@@ -36,10 +38,10 @@ public:
     std::string DescribeNewObjects() const;
     // The help file beside the source project: its folder, the base name of the
     // compiled help, ".chm"; "" without a source project.
-    std::string SourceFolderHelpFilePath() const;
+    static std::string SourceFolderHelpFilePath();
     // Whether the help file beside the source project can be replaced: a file
     // that is held open cannot. True when there is no such file.
-    bool HelpFileCanBeOverwritten() const;
+    static bool HelpFileCanBeOverwritten();
 
     // A node of that type word and name, of that source project or of none.
     static bool NodeExists(const KeyedCollection<CHelpPrjTreeNode*>& map, const std::string& objectName,
@@ -57,6 +59,7 @@ private:
     void ReleaseStep(bool hourglassOff);
     void LocateListNodes(CHelpPrjTreeNode* node);
 
+    CScrivant& m_engine;
     std::array<Group, kGroups> m_groups;
     bool m_progressShown { false };
 };

@@ -6,6 +6,7 @@
 #include "foundation/ErrorMessage.h"
 #include "foundation/EventLoop.h"
 #include "foundation/IUserInterface.h"
+#include "foundation/LoadedForms.h"
 #include "foundation/MsgBox.h"
 #include "foundation/ObjectNames.h"
 #include "foundation/Paths.h"
@@ -13,28 +14,27 @@
 #include "foundation/StringUtil.h"
 #include "foundation/System.h"
 #include "foundation/Version.h"
-#include "generation/CScrivantParameters.h"
-#include "generation/Templates.h"
 #include "generation/BrowserHelp.h"
+#include "generation/CXmlFormPages.h"
+#include "generation/ContentsFiles.h"
 #include "generation/HtmlHelpCompiler.h"
+#include "generation/Templates.h"
 #include "generation/clsHHK.h"
 #include "generation/clsHTMLFile.h"
-#include "host/CHostContextBase.h"
 #include "model/CAddInProject.h"
 #include "model/CAddInProjects.h"
 #include "model/CHelpPrjCheckSums.h"
 #include "model/CHelpPrjTree.h"
+#include "model/CScrivStats.h"
+#include "model/CScrivantParameters.h"
 #include "model/IHelpPrjSourceProject.h"
+#include "model/IHostAgent.h"
+#include "model/IRunContext.h"
 #include "model/Serializers.h"
-#include "model/clsFrmRptHelpContextIds.h"
-#include "server/CScrivServer.h"
-#include "server/CScrivServerAgent.h"
-#include "server/CScrivServerData.h"
-#include "server/CScrivServerProxy.h"
+#include "screenshots/Screenshot.h"
 #include "uidesc/CClientUIObjectXml.h"
 #include "uidesc/CXmlForm.h"
-#include "screenshots/Screenshot.h"
-#include "server/LoadedForms.h"
+#include "uidesc/clsFrmRptHelpContextIds.h"
 
 namespace scriv {
 
@@ -42,22 +42,17 @@ namespace {
 
 const std::string kCrLfText(kCrLf);
 
-CScrivServer& Server()
+IRunContext& Data()
 {
-    CScrivServer* server = CurrentServer();
-    if (!server)
+    IRunContext* context = CurrentRunContext();
+    if (!context)
         Raise(status::kGeneralFailure, "CScrivant", "The generator needs a connected server.");
-    return *server;
+    return *context;
 }
 
-CScrivServerAgent& Agent()
+IHostAgent& Agent()
 {
-    return Server().Agent();
-}
-
-CScrivServerData& Data()
-{
-    return Server().Data();
+    return Data().Agent();
 }
 
 std::string Timestamp()
@@ -126,11 +121,11 @@ std::uint32_t CScrivant::GenerateHelpProject(bool process, bool backup, bool sav
         if (backup)
             BackupProjectFolder(folder);
 
-        Data().GenerationInterrupted = false;
+        Data().State().GenerationInterrupted = false;
         SetErrorCounter(0);
         result = GenerateHTMLForProject(process, regenerating);
 
-        bool interrupted = Data().GenerationInterrupted;
+        bool interrupted = Data().State().GenerationInterrupted;
         if (!interrupted && ErrorCounter() == 0) {
             Data().ProgressBarInit("Completing help generation", 5);
             std::string sourceHelpFile;
@@ -160,7 +155,7 @@ std::uint32_t CScrivant::GenerateHelpProject(bool process, bool backup, bool sav
             if (MsgBox(question, 260, kMessageBoxTitle, "", 0, "CScrivant.GenerateHelpProject") == vbYes) {
                 // A negative count keeps the later error check quiet.
                 SetErrorCounter(-ErrorCounter());
-                Data().GenerationInterrupted = false;
+                Data().State().GenerationInterrupted = false;
                 LogicLoop().RunPending();
             }
         }
@@ -194,13 +189,13 @@ std::uint32_t CScrivant::GenerateHTMLForProject(bool process, bool regenerating)
     MakeFolders(parameters.FolderForGeneratedImages());
     Trace(Timestamp() + ": Timestamp - Creating HTML Files.");
     std::uint32_t result = ProcessHelpTreeAndGenerateHelp(regenerating);
-    if (result == 0 && !Data().GenerationInterrupted) {
+    if (result == 0 && !Data().State().GenerationInterrupted) {
         Trace(Timestamp() + ": Timestamp - Creating HHC and HHK Files.");
         SaveHelpProjectFiles();
-        if (!Data().GenerationInterrupted) {
+        if (!Data().State().GenerationInterrupted) {
             Trace(Timestamp() + ": Timestamp - Creating HHO and related Files.");
             WriteHHPFile({});
-            if (result != 0 && !Data().GenerationInterrupted) {
+            if (result != 0 && !Data().State().GenerationInterrupted) {
                 MsgBox("Errors occurred during help generation - check the Folder:" + kCrLfText + kCrLfText
                         + parameters.FolderForGeneratedHelp(),
                     msgbox::kCritical, "", "", 0, "CScrivant.GenerateHTMLForProject");
@@ -216,7 +211,7 @@ std::uint32_t CScrivant::GenerateHTMLForProject(bool process, bool regenerating)
             }
         }
     }
-    if (CurrentServer()) {
+    if (CurrentRunContext()) {
         Data().ProgressBarDispose();
         Agent().ProgressMeterRemove();
         Agent().HourglassOff();
@@ -245,7 +240,7 @@ std::uint32_t CScrivant::ProcessHelpTreeAndGenerateHelp(bool regenerating)
     int total = tree.NodesQty();
     int counter = 0;
 
-    if (root && !Data().GenerationInterrupted) {
+    if (root && !Data().State().GenerationInterrupted) {
         if (!regenerating)
             m_helpContextIds->Reset();
         Agent().ProgressMeterUpdate(0);
@@ -253,14 +248,14 @@ std::uint32_t CScrivant::ProcessHelpTreeAndGenerateHelp(bool regenerating)
         Agent().SetUseProjectGroupAsSourceFlag(parameters.UseProjectGroupAsSource);
         bool cancelled = ProcessHelpTreeAndGenerateHelp1(0, *root, total, counter, regenerating);
         if (cancelled)
-            Data().GenerationInterrupted = true;
+            Data().State().GenerationInterrupted = true;
         else
             ProcessHelpTreeAndGenerateHelp2(*root, regenerating);
         Agent().ProgressMeterRemove();
     }
     if (!keptSourceProject.empty())
         Agent().SetCurrentSourceProject(keptSourceProject);
-    std::uint32_t result = Data().GenerationInterrupted ? status::kAbandoned : 0;
+    std::uint32_t result = Data().State().GenerationInterrupted ? status::kAbandoned : 0;
     Agent().HourglassOff();
     return result;
 }
@@ -270,7 +265,7 @@ bool CScrivant::ProcessHelpTreeAndGenerateHelp1(int level, CHelpPrjTreeNode& par
 {
     Trace("ProcessHelpTreeAndGenerateHelp1: level = " + std::to_string(level) + ", node = " + parent.Key() + " ["
         + parent.Caption() + "]");
-    if (Data().GenerationInterrupted)
+    if (Data().State().GenerationInterrupted)
         return false;
     m_objectTimer = std::chrono::steady_clock::now();
 
@@ -284,14 +279,14 @@ bool CScrivant::ProcessHelpTreeAndGenerateHelp1(int level, CHelpPrjTreeNode& par
             // A topic left alone still holds its ids, so they are not given again.
             int type = child->ObjectType();
             if (child->ProcessCode() == processcode::kSourceObject && (type == objtype::kForm || type == objtype::kReport))
-                if (std::unique_ptr<CXmlForm> form = child->LoadXmlForm())
+                if (std::unique_ptr<CXmlForm> form = LoadXmlForm(*child))
                     m_helpContextIds->ExtractUsedHelpContextIds(*form);
             if (ProcessHelpTreeAndGenerateHelp1(level + 1, *child, total, counter, regenerating))
                 return true;
             continue;
         }
         CheckGenerationInterrupt();
-        if (Data().GenerationInterrupted)
+        if (Data().State().GenerationInterrupted)
             break;
         ++counter;
         ErrorFrame("CScrivant.ProcessHelpTreeAndGenerateHelp1",
@@ -299,7 +294,7 @@ bool CScrivant::ProcessHelpTreeAndGenerateHelp1(int level, CHelpPrjTreeNode& par
 
         if (ProcessHelpTreeAndGenerateHelp1(level + 1, *child, total, counter, regenerating))
             return true;
-        if (Data().GenerationInterrupted)
+        if (Data().State().GenerationInterrupted)
             break;
 
         ErrorFrame("CScrivant.ProcessHelpTreeAndGenerateHelp1", [&] {
@@ -475,25 +470,25 @@ void CScrivant::WriteObjectPage(CXmlForm& form, int type, const std::string& pag
 {
     switch (type) {
     case objtype::kForm:
-        form.SaveHTMLEx(page, false);
+        SaveHTMLEx(form, page, false);
         break;
     case objtype::kReport:
-        form.SaveHTMLEx(page, true);
+        SaveHTMLEx(form, page, true);
         break;
     case objtype::kTable:
-        form.SaveHTML4Table(page, "table.htm");
+        SaveHTML4Table(form, page, "table.htm");
         break;
     case objtype::kQuery:
-        form.SaveHTML4Table(page, "query.htm", Agent().GetQueryXmlStr(form.Name));
+        SaveHTML4Table(form, page, "query.htm", Agent().GetQueryXmlStr(form.Name));
         break;
     case objtype::kMacro:
-        form.SaveHTML4Table(page, "macro.htm");
+        SaveHTML4Table(form, page, "macro.htm");
         break;
     case objtype::kWorksheet:
-        form.SaveHTML4Worksheet(page, "worksheet.htm", Agent().GetWksHtml(form.Name));
+        SaveHTML4Worksheet(form, page, "worksheet.htm", Agent().GetWksHtml(form.Name));
         break;
     case objtype::kChart:
-        form.SaveHTML4Worksheet(page, "chart.htm", Agent().GetWksHtml(form.Name));
+        SaveHTML4Worksheet(form, page, "chart.htm", Agent().GetWksHtml(form.Name));
         break;
     default:
         Raise(status::kGeneralFailure, "CScrivant.ProcessHelpTreeAndGenerateHelp1",
@@ -611,14 +606,14 @@ std::string CScrivant::CreateXmlDefForComponent(int objectType, const std::strin
 void CScrivant::ProcessHelpTreeAndGenerateHelp2(CHelpPrjTreeNode& root, bool regenerating)
 {
     CScrivantParameters& parameters = Parameters();
-    if (Data().GenerationInterrupted)
+    if (Data().State().GenerationInterrupted)
         return;
     if (root.GeneratedHTMLFile().empty())
         root.SetGeneratedHTMLFile(root.TemplateHtmlFileNameExtOnly());
     if (HelpProjectTree().NewHtmlHelpProject()) {
         std::vector<std::string> replacements;
         // A database host calls its windows forms, not dialogs; the broken tag stays as it always was.
-        if (EqualsNoCase(root.TemplateHtmlFileNameExtOnly(), "Welcome.htm") && HostIsMSAccess())
+        if (EqualsNoCase(root.TemplateHtmlFileNameExtOnly(), "Welcome.htm") && Data().HostIsMSAccess())
             replacements = { "<a href=\"Dialogs.htm\">|<a href=\"Forms.htm\">", "Dialogs</a>|Forms<a>" };
         ReplaceTagsAndCopy(root.TemplateHtmlFileFullPath(), root.GeneratedHTMLFileFullPath(), replacements);
     }
@@ -689,9 +684,9 @@ std::uint32_t CScrivant::SaveHelpProjectFiles()
         Data().ProgressBarUpdate("Saving project...", 1);
         result = Data().Projects().Save();
         Data().ProgressBarUpdate("Generating contents...", 2);
-        tree.SaveHHC(project.HHCFullPath());
+        SaveHHC(tree, project.HHCFullPath());
         Data().ProgressBarUpdate("Generating index...", 3);
-        tree.MakeAndSaveHHK(project.HHKFullPath(), *m_helpIndex);
+        MakeAndSaveHHK(tree, project.HHKFullPath(), *m_helpIndex);
         std::string index = m_helpIndex->HHKContents();
         int entries = 0;
         for (std::size_t at = index.find("<LI>"); at != std::string::npos; at = index.find("<LI>", at + 1))
@@ -700,7 +695,7 @@ std::uint32_t CScrivant::SaveHelpProjectFiles()
         Data().ProgressBarUpdate("Generating and saving checksums...", 4);
         // The browser help marks every topic; the checksums are taken of the
         // pages as they are left.
-        tree.MakeJavaHelp();
+        MakeJavaHelp(tree);
         tree.CheckSums().Recalc();
         tree.SaveCheckSums(true);
         tree.SetWasChanged(false);
@@ -743,7 +738,7 @@ std::uint32_t CScrivant::LoadTreviewForActiveProject(bool keep, IHostForm* progr
     CAddInProject* project = CurrentAddInProject();
     std::string hhc = project ? project->HHCFullPath() : std::string();
     std::string svp = project ? project->SVPFullPath() : std::string();
-    if (Data().GenerationInterrupted)
+    if (Data().State().GenerationInterrupted)
         return status::kAbandoned;
     CHelpPrjTree& tree = HelpProjectTree();
     tree.Reset();
@@ -783,6 +778,11 @@ std::uint32_t CScrivant::LoadTreviewForActiveProject(bool keep, IHostForm* progr
     }
     HideStep();
     return result;
+}
+
+void CScrivant::SaveFormPage(CXmlForm& form, const std::string& htmlFullPath)
+{
+    SaveHTMLEx(form, htmlFullPath, false);
 }
 
 }  // namespace scriv

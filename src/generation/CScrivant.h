@@ -6,6 +6,8 @@
 #include <string>
 #include <vector>
 
+#include "screenshots/Screenshot.h"
+
 namespace scriv {
 
 class CHelpPrjTree;
@@ -18,10 +20,10 @@ class IHostForm;
 
 // Turns the loaded contents tree into a help project on disk: one topic per
 // node, then the project's derived files.
-class CScrivant {
+class CScrivant : public IFormPageMaker {
 public:
     CScrivant();
-    ~CScrivant();
+    ~CScrivant() override;
     CScrivant(const CScrivant&) = delete;
     CScrivant& operator=(const CScrivant&) = delete;
 
@@ -49,7 +51,9 @@ public:
     // adjusted, with its controls in tab order. Nothing when the host has none.
     std::unique_ptr<CXmlForm> CreateNormalizedXmlDef(int objectType, const std::string& name, int hwnd,
         bool designView, const std::string& picFullPath, const std::string& htmlFullPath, bool noScreenshots,
-        const std::string& hostProjectType, bool keepOpen);
+        const std::string& hostProjectType, bool keepOpen) override;
+    // Writes the topic of a form beside its picture.
+    void SaveFormPage(CXmlForm& form, const std::string& htmlFullPath) override;
     // The description of one component as the host gives it (the command
     // ProcessComponent), or "".
     std::string CreateXmlDefForComponent(int objectType, const std::string& name, int hwnd, bool designView,

@@ -2,17 +2,17 @@
 #include <algorithm>
 
 #include "foundation/AppFolders.h"
-#include "foundation/CodePage.h"
+#include "foundation/CCodePages.h"
 #include "foundation/CTraceLog.h"
+#include "foundation/CodePage.h"
 #include "foundation/Paths.h"
 #include "foundation/ScrivError.h"
 #include "foundation/StringUtil.h"
 #include "generation/CScrivant.h"
-#include "generation/CScrivantParameters.h"
 #include "model/CAddInProject.h"
 #include "model/CHelpPrjTree.h"
-#include "server/CScrivServer.h"
-#include "wizard/CCodePages.h"
+#include "model/CScrivantParameters.h"
+#include "model/IRunContext.h"
 
 namespace scriv {
 

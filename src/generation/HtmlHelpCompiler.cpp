@@ -5,10 +5,10 @@
 #include "foundation/StringUtil.h"
 #include "foundation/System.h"
 #include "generation/CScrivCompiler.h"
-#include "generation/CScrivantParameters.h"
 #include "model/CAddInProject.h"
-#include "server/CScrivServer.h"
-#include "server/CScrivServerAgent.h"
+#include "model/CScrivantParameters.h"
+#include "model/IHostAgent.h"
+#include "model/IRunContext.h"
 
 namespace scriv {
 
@@ -71,7 +71,7 @@ bool CompileHtmlHelp()
 bool CopyCompiledHelp()
 {
     CAddInProject* project = CurrentAddInProject();
-    std::string target = CScrivCompiler().SourceFolderHelpFilePath();
+    std::string target = CScrivCompiler::SourceFolderHelpFilePath();
     if (project && !target.empty() && FileExists(project->CHMFullPath()) && project->CHMFullPath() != target)
         CopyFileOver(project->CHMFullPath(), target);
     return true;

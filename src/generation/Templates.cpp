@@ -8,40 +8,10 @@
 #include "foundation/Paths.h"
 #include "foundation/ScrivError.h"
 #include "foundation/StringUtil.h"
-#include "generation/CScrivantParameters.h"
-#include "server/CScrivServer.h"
+#include "model/CScrivantParameters.h"
+#include "model/IRunContext.h"
 
 namespace scriv {
-
-std::string ParameterizedFolder()
-{
-    return Folders().TemplatesRoot() + "Parameterized/";
-}
-
-std::string LocalizedFolder()
-{
-    std::string language = Trim(Parameters().Language);
-    if (!language.empty()) {
-        std::string folder = Folders().TemplatesRoot() + "Localized/" + language + "/";
-        if (FileExists(folder + "Welcome.htm"))
-            return folder;
-    }
-    return Folders().TemplatesRoot() + "Localized/EN/";
-}
-
-std::string CommonFolder()
-{
-    return Folders().TemplatesRoot() + "Common/";
-}
-
-std::string TemplateFullPath(std::string_view fileName)
-{
-    std::string name = FileNameOf(fileName);
-    for (const std::string& folder : { ParameterizedFolder(), LocalizedFolder(), CommonFolder() })
-        if (FileExists(folder + name))
-            return folder + name;
-    return CommonFolder() + name;
-}
 
 std::vector<Replacement> ParseReplacementList(const std::vector<std::string>& entries)
 {
@@ -123,13 +93,6 @@ std::string EscapeHtmlEntities(std::string_view text, bool strip)
         }
     }
     return out;
-}
-
-std::string TruncateForCaption(std::string_view text)
-{
-    if (CharCount(text) <= 32)
-        return std::string(text);
-    return LeftChars(text, 32) + "...";
 }
 
 std::string SetRelativePath(std::string_view fullPath, std::string_view baseFolder)

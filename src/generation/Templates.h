@@ -4,21 +4,11 @@
 #include <string_view>
 #include <vector>
 
+#include "model/TemplateFolders.h"
+
 // Where page templates are found, and the one replacement scheme every page
 // passes through.
 namespace scriv {
-
-// Templates/Parameterized/ below the templates root.
-std::string ParameterizedFolder();
-// Templates/Localized/<Language>/ when that folder has "Welcome.htm", else Localized/EN/.
-std::string LocalizedFolder();
-// Templates/Common/.
-std::string CommonFolder();
-
-// The template of a topic: the first of the parameterized, localized and common
-// folders that holds the file (only its file name counts); the common path when
-// none does.
-std::string TemplateFullPath(std::string_view fileName);
 
 // One entry of a replacement list: "find|replace".
 struct Replacement {
@@ -47,8 +37,6 @@ std::string StyleSheetHref(std::string_view styleSheetPath, std::string_view pag
 // a doubled one is doubled again. With strip, "&#38;" is taken out where no other
 // follows.
 std::string EscapeHtmlEntities(std::string_view text, bool strip);
-// Cut to 32 characters and "..." when longer.
-std::string TruncateForCaption(std::string_view text);
 // The path of fullPath relative to baseFolder ("../images/a.jpg").
 std::string SetRelativePath(std::string_view fullPath, std::string_view baseFolder);
 std::string JoinCollection(const std::vector<std::string>& items);

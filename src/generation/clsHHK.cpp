@@ -4,7 +4,7 @@
 #include "foundation/Paths.h"
 #include "foundation/StringUtil.h"
 #include "foundation/TextEncoding.h"
-#include "generation/CScrivantParameters.h"
+#include "model/CScrivantParameters.h"
 #include "uidesc/CFormHTMLControlDef.h"
 #include "uidesc/CXmlControl.h"
 #include "uidesc/CXmlForm.h"

@@ -6,9 +6,9 @@
 #include "foundation/Paths.h"
 #include "foundation/ScrivError.h"
 #include "foundation/StringUtil.h"
-#include "generation/CScrivantParameters.h"
 #include "generation/Templates.h"
-#include "server/CScrivServer.h"
+#include "model/CScrivantParameters.h"
+#include "model/IRunContext.h"
 
 namespace scriv {
 

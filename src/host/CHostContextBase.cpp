@@ -2,8 +2,8 @@
 
 #include "foundation/ScrivError.h"
 #include "foundation/StringUtil.h"
-#include "server/CScrivServer.h"
-#include "server/CXmlCommand.h"
+#include "host/CXmlCommand.h"
+#include "model/IRunContext.h"
 
 namespace scriv {
 

@@ -3,27 +3,11 @@
 #include <string>
 
 #include "host/IHostIDEContext.h"
+#include "model/IHostAgent.h"
 
 namespace scriv {
 
 class CXmlCommand;
-
-// The parameters of the command ProcessComponent, in the order they are sent.
-struct ProcessComponentRequest {
-    int objectType { 2 };
-    std::string componentName;
-    int hostAppIdeHwnd { 0 };
-    bool isInDesignView { true };
-    bool replaceHtml { false };
-    int pictureSaveType { 0 };
-    std::string picFullPath;
-    std::string htmlFullPath;
-    std::string picSubFolder;
-    bool captureRptPreviewAreaOnly { false };
-    bool noReportsScreenShots { false };
-    std::string sourceProjectTypeName;
-    bool keepSourceObjectOpened { false };
-};
 
 // What every host shares: the command dispatch of ProcessCallBack and the
 // nesting hourglass. A host supplies the operations and the description of a

@@ -5,8 +5,8 @@
 #include <string>
 #include <vector>
 
+#include "host/CNonClientMetrics.h"
 #include "host/IClientFormProcessor.h"
-#include "screenshots/CNonClientMetrics.h"
 
 namespace scriv {
 

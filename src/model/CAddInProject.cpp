@@ -2,8 +2,8 @@
 
 #include "foundation/Paths.h"
 #include "foundation/StringUtil.h"
-#include "server/CScrivServer.h"
-#include "server/CScrivServerAgent.h"
+#include "model/IHostAgent.h"
+#include "model/IRunContext.h"
 
 namespace scriv {
 
@@ -31,8 +31,8 @@ std::string CAddInProject::SourceProjectsList()
 {
     if (!m_sourceProjectsListRead) {
         m_sourceProjectsListRead = true;
-        if (CScrivServer* server = CurrentServer())
-            m_sourceProjectsList = Join(server->Agent().GetSourceProjectsList(), "|");
+        if (IHostAgent* agent = CurrentHostAgent())
+            m_sourceProjectsList = Join(agent->GetSourceProjectsList(), "|");
     }
     return m_sourceProjectsList;
 }

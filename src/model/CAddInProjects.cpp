@@ -13,12 +13,10 @@
 #include "foundation/System.h"
 #include "foundation/TextEncoding.h"
 #include "foundation/Version.h"
-#include "generation/CScrivant.h"
-#include "generation/CScrivantParameters.h"
 #include "model/CHelpPrjTree.h"
-#include "server/CScrivServer.h"
-#include "server/CScrivServerAgent.h"
-#include "server/CScrivServerData.h"
+#include "model/CScrivantParameters.h"
+#include "model/IHostAgent.h"
+#include "model/IRunContext.h"
 
 namespace scriv {
 
@@ -82,8 +80,8 @@ std::string RegistryTextOf(const std::vector<CAddInProject*>& projects)
 // The UI gets a turn between writing a file and reading it back.
 void LetTheHostBreathe()
 {
-    if (CScrivServer* server = CurrentServer())
-        server->Agent().Doevents();
+    if (IHostAgent* agent = CurrentHostAgent())
+        agent->Doevents();
 }
 
 }  // namespace
@@ -195,10 +193,11 @@ void CAddInProjects::SaveProjectFile(bool newProjectAttributes)
         attributes = " Name = \"" + XmlEncodeChars(m_current->Name) + "\" SUID = \"" + XmlEncodeChars(m_current->SUID)
             + "\" HUID = \"" + XmlEncodeChars(m_current->HUID) + "\"";
     }
-    CScrivServer* server = CurrentServer();
-    if (!server || !server->HasData() || !server->Data().ScrivEngine().HasHelpProjectTree())
+    IRunContext* context = CurrentRunContext();
+    CHelpPrjTree* loaded = context ? context->LoadedTree() : nullptr;
+    if (!loaded)
         return;
-    CHelpPrjTree& tree = server->Data().ScrivEngine().HelpProjectTree();
+    CHelpPrjTree& tree = *loaded;
     if (!tree.Root() || m_current->SVPFullPath().empty())
         return;
     tree.Root()->SetPicsSubfolderName(m_current->PicsSubfolderName);
@@ -353,8 +352,8 @@ CAddInProject* CAddInProjects::GetProjectDefinitionBySvpFullPath(const std::stri
 std::vector<std::string> CAddInProjects::CurrentSourceProjectSvpProjects()
 {
     std::string source;
-    if (CScrivServer* server = CurrentServer())
-        source = server->Agent().CurrentSourceProjectFullPath();
+    if (IHostAgent* agent = CurrentHostAgent())
+        source = agent->CurrentSourceProjectFullPath();
     std::vector<std::string> paths;
     for (std::size_t i = m_projects.Count(); i-- > 0;) {
         const CAddInProject& project = *m_projects.At(i).value;

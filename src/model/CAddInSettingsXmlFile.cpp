@@ -10,7 +10,7 @@
 #include "foundation/StringUtil.h"
 #include "foundation/TextEncoding.h"
 #include "foundation/Version.h"
-#include "generation/CScrivantParameters.h"
+#include "model/CScrivantParameters.h"
 
 namespace scriv {
 

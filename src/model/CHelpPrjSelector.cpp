@@ -9,12 +9,10 @@
 #include "foundation/ScrivError.h"
 #include "foundation/System.h"
 #include "foundation/Version.h"
-#include "generation/CScrivant.h"
 #include "model/CAddInProjects.h"
 #include "model/CHelpPrjTree.h"
-#include "server/CScrivServer.h"
-#include "server/CScrivServerAgent.h"
-#include "server/CScrivServerData.h"
+#include "model/IHostAgent.h"
+#include "model/IRunContext.h"
 
 namespace scriv {
 
@@ -43,22 +41,22 @@ std::string AbsolutePath(const std::string& path)
 
 void CHelpPrjSelector::init()
 {
-    m_server = CurrentServer();
-    if (!m_server)
+    m_context = CurrentRunContext();
+    if (!m_context)
         Raise(status::kGeneralFailure, "CHelpPrjSelector.init", "No server is connected.");
-    m_server->Data().LoadSettings(true);
+    m_context->LoadSettings(true);
 }
 
 void CHelpPrjSelector::Terminate()
 {
-    m_server = nullptr;
+    m_context = nullptr;
 }
 
 CAddInProjects& CHelpPrjSelector::Registry()
 {
-    if (!m_server)
+    if (!m_context)
         Raise(status::kGeneralFailure, "CHelpPrjSelector", "The selector has not been initialised.");
-    return m_server->Data().Projects();
+    return m_context->Projects();
 }
 
 std::vector<std::string> CHelpPrjSelector::ExistingProjects()
@@ -102,14 +100,14 @@ std::uint32_t CHelpPrjSelector::Select(std::string fullPath, bool regenerate)
             return result;
     }
 
-    CScrivant& engine = m_server->Data().ScrivEngine();
-    if (engine.HasHelpProjectTree() && engine.HelpProjectTree().Root()) {
+    CHelpPrjTree* loaded = m_context->LoadedTree();
+    if (loaded && loaded->Root()) {
         registry.SaveCurrentProject();
-        engine.UnLoadTreviewForActiveProject();
+        m_context->UnloadTreeOfActiveProject();
     }
     registry.SetCurrentProject(definition);
     if (regenerate)
-        return engine.LoadTreviewForActiveProject(true);
+        return m_context->LoadTreeOfActiveProject(true);
     return status::kOk;
 }
 
@@ -137,7 +135,7 @@ CAddInProject* CHelpPrjSelector::RegisterForeignProject(const std::string& fullP
     project->FileName = FileBaseName(fullPath);
     project->Folder = FolderOf(fullPath);
     project->PicsSubfolderName = root->PicsSubfolderName();
-    project->SourceProjectFullPath = m_server->Agent().CurrentSourceProjectFullPath();
+    project->SourceProjectFullPath = m_context->Agent().CurrentSourceProjectFullPath();
     project->SUID = registry.ExistingSUIDForGivenSourceProject(project->SourceProjectFullPath);
     project->HUID = NewGuid();
     project->IsNew = true;

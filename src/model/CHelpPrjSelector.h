@@ -10,7 +10,7 @@ namespace scriv {
 
 class CAddInProject;
 class CAddInProjects;
-class CScrivServer;
+class IRunContext;
 
 // Makes a help project the current one: a project of the registry, or a
 // project file from elsewhere, which is then registered as a new project of
@@ -44,7 +44,7 @@ private:
     CAddInProject* RegisterForeignProject(const std::string& fullPath, std::uint32_t& result);
     CAddInProjects& Registry();
 
-    CScrivServer* m_server { nullptr };
+    IRunContext* m_context { nullptr };
 };
 
 }  // namespace scriv

@@ -9,8 +9,8 @@
 #include "foundation/ObjectNames.h"
 #include "foundation/ScrivError.h"
 #include "foundation/StringUtil.h"
-#include "generation/CScrivantParameters.h"
 #include "model/CHelpPrjCheckSums.h"
+#include "model/CScrivantParameters.h"
 #include "model/ITreeView.h"
 
 namespace scriv {

@@ -92,24 +92,6 @@ public:
     // The root's XMLSTr(1, excludeSerializerNodes, true, false, extra), or "".
     std::string GetXMLStr(bool excludeSerializerNodes, const std::string& extraRootAttributes) const;
 
-    // --- contents and index files ---
-    // The contents file text.
-    std::string GetHHCStr(bool excludeControls = false);
-    // Writes the contents file in the project's charset (after rotating its
-    // backups) and clears NewHtmlHelpProject. 0 on success.
-    std::uint32_t SaveHHC(const std::string& path, bool excludeControls = false);
-    // Fills hhk (emptied first) from the tree and writes the index file. 0 on success.
-    std::uint32_t MakeAndSaveHHK(const std::string& path, class clsHHK& hhk);
-    // The browser contents tree (nested list lines) and, in options, its option lines.
-    std::string GetTreeStr(std::string& options, bool excludeControls = false);
-    // Writes the browser copy of the help into the current project's folder:
-    // the entry page, the contents and index frames and the site search. 0, or
-    // the code of the reported failure.
-    std::uint32_t MakeJavaHelp();
-    // Reads the documented controls of a form topic's page into its saved
-    // description; true when they changed.
-    bool MakeXmlFormControlDefs(CHelpPrjTreeNode& node);
-
     // --- checksums of the pages ---
     // The store of the current project, initialised on first use (not in run-time mode).
     CHelpPrjCheckSums& CheckSums();

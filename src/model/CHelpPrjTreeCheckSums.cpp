@@ -2,12 +2,11 @@
 
 #include "foundation/Paths.h"
 #include "foundation/ScrivError.h"
-#include "generation/CScrivantParameters.h"
 #include "model/CAddInProject.h"
 #include "model/CHelpPrjCheckSums.h"
 #include "model/CHelpPrjTree.h"
-#include "server/CScrivServer.h"
-#include "server/CScrivServerData.h"
+#include "model/CScrivantParameters.h"
+#include "model/IRunContext.h"
 
 namespace scriv {
 
@@ -16,8 +15,8 @@ namespace {
 // A run-time session only shows help; it tracks no pages.
 bool RuntimeMode()
 {
-    CScrivServer* server = CurrentServer();
-    return server && server->HasData() && server->Data().Runtime;
+    IRunContext* context = CurrentRunContext();
+    return context && context->State().Runtime;
 }
 
 // Reads the current project's checksum file and computes the sums of its pages.

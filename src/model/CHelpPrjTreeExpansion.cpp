@@ -3,15 +3,15 @@
 #include "foundation/CTraceLog.h"
 #include "foundation/CXMLFile.h"
 #include "foundation/StringUtil.h"
-#include "generation/CScrivantParameters.h"
 #include "model/CAddInProject.h"
 #include "model/CHelpPrjTree.h"
 #include "model/CHelpPrjTreeNode.h"
+#include "model/CScrivantParameters.h"
 #include "model/IHelpPrjSourceProject.h"
+#include "model/IHostAgent.h"
+#include "model/IRunContext.h"
 #include "model/ITreeView.h"
 #include "model/Serializers.h"
-#include "server/CScrivServer.h"
-#include "server/CScrivServerAgent.h"
 
 namespace scriv {
 
@@ -68,21 +68,21 @@ void CHelpPrjTreeNode::ExpandSerializerNodes(IClassFactory& factory, CHelpPrjTre
         return;
     std::size_t insertAt = IndexInParent().value_or(m_parent->ChildCount()) + 1;
 
-    CScrivServer* server = CurrentServer();
-    if (several && useGroup && server) {
+    IHostAgent* agent = CurrentHostAgent();
+    if (several && useGroup && agent) {
         project->RefreshSourceProjectsList();
         std::string list = project->SourceProjectsList();
         Trace("SourceProjectsList = " + list);
-        std::string remembered = server->Agent().CurrentSourceProjectName();
+        std::string remembered = agent->CurrentSourceProjectName();
         for (const std::string& name : Split(list, "|")) {
             if (Trim(name).empty())
                 continue;
-            server->Agent().SetCurrentSourceProject(name);
+            agent->SetCurrentSourceProject(name);
             serializer->Reset();
             if (std::unique_ptr<IHelpPrjSourceProject> source = provider())
                 ExpandSerializerNodes4CurrentProject(*serializer, tree, *source, insertAt);
         }
-        server->Agent().SetCurrentSourceProject(remembered);
+        agent->SetCurrentSourceProject(remembered);
     } else if (std::unique_ptr<IHelpPrjSourceProject> source = provider()) {
         ExpandSerializerNodes4CurrentProject(*serializer, tree, *source, insertAt);
     }
@@ -91,8 +91,8 @@ void CHelpPrjTreeNode::ExpandSerializerNodes(IClassFactory& factory, CHelpPrjTre
 void CHelpPrjTreeNode::ExpandSerializerNodes4CurrentProject(IXmlSerializer& serializer, CHelpPrjTree& tree,
     IHelpPrjSourceProject& source, std::size_t& insertAt)
 {
-    CScrivServer* server = CurrentServer();
-    std::string projectName = server ? server->Agent().CurrentSourceProjectName() : source.Name();
+    IHostAgent* agent = CurrentHostAgent();
+    std::string projectName = agent ? agent->CurrentSourceProjectName() : source.Name();
     for (const std::string& text : serializer.XmlCollection(tree, source)) {
         CXMLFile xml;
         if (xml.LoadXml(text) != 0) {
@@ -104,8 +104,8 @@ void CHelpPrjTreeNode::ExpandSerializerNodes4CurrentProject(IXmlSerializer& seri
         auto node = std::make_unique<CHelpPrjTreeNode>();
         if (!node->Build(1, &tree, xml.SharedDocument(), xml.DocumentElement()))
             continue;
-        if (server)
-            server->Agent().ProgressMeterInit("Expanding node [" + node->Caption() + "]...", 2);
+        if (agent)
+            agent->ProgressMeterInit("Expanding node [" + node->Caption() + "]...", 2);
         node->SetLevel(m_level);
         node->NewUIObject = true;
         node->SetKey(tree.GetNewKeyIfGivenExists(node->Key(), projectName));

@@ -12,13 +12,13 @@
 #include "foundation/Paths.h"
 #include "foundation/ScrivError.h"
 #include "foundation/StringUtil.h"
-#include "generation/CScrivantParameters.h"
-#include "generation/Templates.h"
 #include "model/CAddInProject.h"
 #include "model/CHelpPrjTree.h"
+#include "model/CScrivantParameters.h"
+#include "model/IHostAgent.h"
+#include "model/IRunContext.h"
 #include "model/ITreeView.h"
-#include "server/CScrivServer.h"
-#include "server/CScrivServerAgent.h"
+#include "model/TemplateFolders.h"
 
 namespace scriv {
 
@@ -146,13 +146,13 @@ std::string CHelpPrjTreeNode::ApplyTagReplacement(std::string value) const
 {
     if (value.find('{') == std::string::npos)
         return value;
-    CScrivServer* server = CurrentServer();
-    if (!server)
+    IHostAgent* agent = CurrentHostAgent();
+    if (!agent)
         return value;
-    std::string location = server->Agent().CurrentSourceProjectLocation();
+    std::string location = agent->CurrentSourceProjectLocation();
     if (location.empty())
         location = TempFolder();
-    return Parameters().ReplaceTags(value, true, location, server->Agent().CurrentSourceProjectName());
+    return Parameters().ReplaceTags(value, true, location, agent->CurrentSourceProjectName());
 }
 
 std::string CHelpPrjTreeNode::MessageLookup(std::string value) const
@@ -761,6 +761,26 @@ std::string CHelpPrjTreeNode::ContentsHTML(int level, bool excludeControls) cons
     if (!children.empty())
         out += indent + "<UL>" + std::string(kCrLf) + children + indent + "</UL>" + std::string(kCrLf);
     return out;
+}
+
+bool CHelpPrjTreeNode::IsObjectTopic() const
+{
+    if (ProcessCode() != processcode::kSourceObject)
+        return false;
+    int type = ObjectType();
+    return (type >= objtype::kTable && type <= objtype::kMacro) || type == objtype::kWorksheet
+        || type == objtype::kChart;
+}
+
+std::string CHelpPrjTreeNode::LocalLink() const
+{
+    std::string file = GeneratedHTMLFile();
+    if (!IsControl && !IsMenu)
+        return file;
+    std::string bookmark = Bookmark();
+    if (bookmark.empty())
+        bookmark = GetComponentFileName(FileBaseName(XmlFormFileName()), Name(), "");
+    return file + "#" + bookmark;
 }
 
 }  // namespace scriv

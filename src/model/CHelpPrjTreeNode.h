@@ -261,18 +261,9 @@ public:
     // The nested list of the browser contents page.
     std::string ContentsHTML(int level, bool excludeControls) const;
 
-    // --- contents and index files ---
+    // --- what the contents and index files link to ---
     // True for a topic of one application object (a form, report, table ...).
     bool IsObjectTopic() const;
-    // The node's entry of the contents file with those of its children.
-    std::string HHCStr(int level, bool skipSerializerNodes, bool excludeControls);
-    // The node's lines of the browser contents tree; options gets one line per
-    // node and keyword. Nothing for the root itself.
-    std::string TreeStr(int level, std::string& options, bool skipSerializerNodes, bool excludeControls);
-    // Adds the index links of this node and its children.
-    void AddIndexLinks(class clsHHK& hhk);
-    // The saved description of an object topic, or nothing.
-    std::unique_ptr<class CXmlForm> LoadXmlForm() const;
     // The file (and "#bookmark" for a control or menu) that the node's entries link to.
     std::string LocalLink() const;
 

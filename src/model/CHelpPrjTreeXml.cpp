@@ -12,14 +12,13 @@
 #include "foundation/ScrivError.h"
 #include "foundation/StringUtil.h"
 #include "foundation/TextEncoding.h"
-#include "generation/CScrivantParameters.h"
 #include "model/CAddInProject.h"
 #include "model/CAddInSettingsXmlFile.h"
 #include "model/CHelpPrjTree.h"
 #include "model/CHelpPrjTreeNode.h"
+#include "model/CScrivantParameters.h"
+#include "model/IRunContext.h"
 #include "model/ITreeView.h"
-#include "server/CScrivServer.h"
-#include "server/CScrivServerData.h"
 
 namespace scriv {
 
@@ -145,8 +144,8 @@ void SyncRootNameAndTitle(CHelpPrjTreeNode& root, CAddInSettingsXmlFile* setting
 
 CAddInSettingsXmlFile* CurrentSettings()
 {
-    CScrivServer* server = CurrentServer();
-    return server && server->HasData() ? &server->Data().GetSettings() : nullptr;
+    IRunContext* context = CurrentRunContext();
+    return context ? &context->GetSettings() : nullptr;
 }
 
 std::string SettingsText(const CAddInSettingsXmlFile* settings)

@@ -8,7 +8,7 @@
 #include "foundation/Version.h"
 #include "model/CAddInProject.h"
 #include "model/CHelpPrjSelector.h"
-#include "server/CScrivServer.h"
+#include "model/IRunContext.h"
 
 namespace scriv {
 

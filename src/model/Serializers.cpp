@@ -7,11 +7,11 @@
 #include "foundation/Paths.h"
 #include "foundation/StringUtil.h"
 #include "foundation/TextEncoding.h"
-#include "generation/CScrivantParameters.h"
 #include "model/CHelpPrjTree.h"
+#include "model/CScrivantParameters.h"
 #include "model/IHelpPrjSourceProject.h"
-#include "server/CScrivServer.h"
-#include "server/CScrivServerAgent.h"
+#include "model/IHostAgent.h"
+#include "model/IRunContext.h"
 
 namespace scriv {
 
@@ -25,16 +25,16 @@ struct SourceProjectNames {
 
 SourceProjectNames CurrentSourceProjectNames()
 {
-    CScrivServer* server = CurrentServer();
-    if (!server)
+    IHostAgent* agent = CurrentHostAgent();
+    if (!agent)
         return {};
-    return { server->Agent().CurrentSourceProjectName(), server->Agent().CurrentSourceProjectTypeName() };
+    return { agent->CurrentSourceProjectName(), agent->CurrentSourceProjectTypeName() };
 }
 
 std::string FormNamePrefix()
 {
-    CScrivServer* server = CurrentServer();
-    return server ? server->Agent().FormNamePrefix() : std::string();
+    IHostAgent* agent = CurrentHostAgent();
+    return agent ? agent->FormNamePrefix() : std::string();
 }
 
 bool FileNameTaken(const CHelpPrjTree& tree, const std::string& fileName)

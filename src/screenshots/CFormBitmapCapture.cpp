@@ -2,14 +2,14 @@
 
 #include <functional>
 
+#include "desktop/BmpFile.h"
+#include "desktop/RenderedWindows.h"
+#include "desktop/cJPEG.h"
 #include "foundation/CTraceLog.h"
 #include "foundation/EventLoop.h"
 #include "foundation/Paths.h"
 #include "foundation/StringUtil.h"
-#include "generation/CScrivantParameters.h"
-#include "screenshots/BmpFile.h"
-#include "screenshots/RenderedWindows.h"
-#include "screenshots/cJPEG.h"
+#include "model/CScrivantParameters.h"
 #include "screenshots/modScreenCapture.h"
 
 namespace scriv {

@@ -1,27 +1,31 @@
 #include "screenshots/Screenshot.h"
 
 #include "foundation/CTraceLog.h"
-#include "foundation/FileBackups.h"
 #include "foundation/ErrorMessage.h"
+#include "foundation/FileBackups.h"
 #include "foundation/Paths.h"
 #include "foundation/ScrivError.h"
 #include "foundation/StringUtil.h"
-#include "generation/CScrivantParameters.h"
-#include "screenshots/CFormBitmapCapture.h"
-#include "generation/CScrivant.h"
 #include "model/CAddInProject.h"
 #include "model/CAddInProjects.h"
 #include "model/CAddInSettingsXmlFile.h"
 #include "model/CHelpPrjTree.h"
-#include "server/CScrivServer.h"
-#include "server/CScrivServerData.h"
-#include "server/CScrivServerAgent.h"
+#include "model/CScrivantParameters.h"
+#include "model/IHostAgent.h"
+#include "model/IRunContext.h"
+#include "screenshots/CFormBitmapCapture.h"
 #include "uidesc/CXmlControl.h"
 #include "uidesc/CXmlForm.h"
 
 namespace scriv {
 
 namespace {
+
+IFormPageMaker*& CurrentFormPageMakerSlot()
+{
+    static IFormPageMaker* maker = nullptr;
+    return maker;
+}
 
 std::string PictureFormat()
 {
@@ -57,6 +61,16 @@ int AccessTopInset(const CXmlControl& control)
 }
 
 }  // namespace
+
+IFormPageMaker* CurrentFormPageMaker()
+{
+    return CurrentFormPageMakerSlot();
+}
+
+void SetCurrentFormPageMaker(IFormPageMaker* maker)
+{
+    CurrentFormPageMakerSlot() = maker;
+}
 
 std::string Screenshot::PageName(const CXmlForm& form, const CXmlControl& control)
 {
@@ -102,8 +116,8 @@ void Screenshot::TakeCompoundControlScreenshot(CXmlForm& form, CXmlControl& cont
     if (!control.PicFullPath.empty() && IsCompound(control)) {
         // A page is photographed while it is the one shown.
         if (IsPage(control))
-            if (CScrivServer* server = CurrentServer())
-                server->Agent().ActivateControl(PageName(form, control), false, false);
+            if (IHostAgent* agent = CurrentHostAgent())
+                agent->ActivateControl(PageName(form, control), false, false);
         std::string picture = InFolder(control.PicFullPath, targetFolder);
         if (CaptureControl(picture, PictureFormat(), hwnd, control.Left, control.Top, control.Width, control.Height))
             ++m_taken;
@@ -136,16 +150,16 @@ bool Screenshot::LoadProject(const std::string& svpFullPath)
     ClearError();
     if (!m_loadedPath.empty() && svpFullPath == m_loadedPath)
         return true;
-    CScrivServer* server = CurrentServer();
-    if (!server)
+    IRunContext* context = CurrentRunContext();
+    if (!context)
         return Fail("Error loading project definitions of '" + svpFullPath + "', ErrCode = "
             + FormatCode(status::kGeneralFailure));
-    std::uint32_t result = server->ReloadScrivProject(svpFullPath, -1);
-    CAddInProject* project = server->Data().Projects().CurrentProject();
+    std::uint32_t result = context->ReloadScrivProject(svpFullPath, -1);
+    CAddInProject* project = context->Projects().CurrentProject();
     if (result != 0 || !project)
         return Fail("Error " + FormatCode(result == 0 ? status::kGeneralFailure : result), result);
     m_loadedPath = svpFullPath;
-    m_snapshotFormat = server->Data().GetSettings().OptionText("SnapshotFormat");
+    m_snapshotFormat = context->GetSettings().OptionText("SnapshotFormat");
     m_htmlFolder = AddBackslash(project->Folder);
     m_picsFolder = project->PicsSubfolderPath();
     return true;
@@ -160,12 +174,11 @@ bool Screenshot::TakeVB6FormScreenshot(const std::string& formName, int picType,
     if (picType == -1) {
         if (m_loadedPath.empty())
             return Fail("Source Scriv project isn't loaded.");
-        CScrivServer* server = CurrentServer();
-        CHelpPrjTreeNode* node = server && server->Data().ScrivEngine().HasHelpProjectTree()
-            ? server->Data().ScrivEngine().HelpProjectTree().Root()
-            : nullptr;
+        IRunContext* context = CurrentRunContext();
+        CHelpPrjTree* tree = context ? context->LoadedTree() : nullptr;
+        CHelpPrjTreeNode* node = tree ? tree->Root() : nullptr;
         node = node ? node->GetUIObjectXMLNode(objtype::kForm, formName) : nullptr;
-        std::unique_ptr<CXmlForm> saved = node ? node->LoadXmlForm() : nullptr;
+        std::unique_ptr<CXmlForm> saved = node ? LoadXmlForm(*node) : nullptr;
         if (!saved)
             return Fail("Form [" + formName + "] not found in generated project '" + m_loadedPath + "'");
         picType = EqualsNoCase(m_snapshotFormat, "Bitmap") ? 1 : 2;
@@ -206,8 +219,9 @@ bool Screenshot::TakeWindowScreenshot(int hwnd, int picType, const std::string& 
 bool Screenshot::Take(const std::string& formName, int picType, const std::string& pictureFullPath,
     const std::string& htmlFullPath)
 {
-    CScrivServer* server = CurrentServer();
-    if (!server)
+    IHostAgent* host = CurrentHostAgent();
+    IFormPageMaker* pages = CurrentFormPageMaker();
+    if (!host || !pages)
         return Fail("Undefined object type and name Form(" + formName + ")");
     CScrivantParameters& parameters = Parameters();
     parameters.SetImagesFormat(picType == 1 ? 1 : 2);
@@ -215,11 +229,10 @@ bool Screenshot::Take(const std::string& formName, int picType, const std::strin
     std::string picture = pictureFullPath;
     if (!picture.empty())
         picture = FolderOf(picture) + FileBaseName(picture) + (picType == 1 ? ".bmp" : ".jpg");
-    CScrivServerAgent& agent = server->Agent();
+    IHostAgent& agent = *host;
     if (!agent.ComponentExistsTest(objtype::kForm, formName))
         return Fail("Undefined object type and name Form(" + formName + ")");
-    CScrivant& scriv = server->Data().ScrivEngine();
-    std::unique_ptr<CXmlForm> form = scriv.CreateNormalizedXmlDef(objtype::kForm, formName,
+    std::unique_ptr<CXmlForm> form = pages->CreateNormalizedXmlDef(objtype::kForm, formName,
         agent.HostAppMainWindowHWnd(), !parameters.MakeNormalViewScreenshots, picture, htmlFullPath, false, "VB6", true);
     if (!form)
         return Fail("Undefined object type and name Form(" + formName + ")");
@@ -239,7 +252,7 @@ bool Screenshot::Take(const std::string& formName, int picType, const std::strin
     }
     Trace("TakeScreenshot: ObjType = Form, ObjName = " + formName + ", PicFullPath = " + picture
         + ", HtmlFullPath = " + htmlFullPath + ", IsVSNet = False");
-    form->SaveHTMLEx(htmlFullPath, false);
+    pages->SaveFormPage(*form, htmlFullPath);
     return true;
 }
 

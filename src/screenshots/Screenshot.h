@@ -1,12 +1,31 @@
 #pragma once
 
 #include <cstdint>
+#include <memory>
 #include <string>
 
 namespace scriv {
 
 class CXmlControl;
 class CXmlForm;
+
+// What a single form's screenshot needs of the generation: the form's
+// normalised description, and its topic written beside the picture. The
+// server makes its generator the current one.
+class IFormPageMaker {
+public:
+    virtual ~IFormPageMaker() = default;
+    // The normalised description of one component, or nothing when the host has none.
+    virtual std::unique_ptr<CXmlForm> CreateNormalizedXmlDef(int objectType, const std::string& name, int hwnd,
+        bool designView, const std::string& picFullPath, const std::string& htmlFullPath, bool noScreenshots,
+        const std::string& hostProjectType, bool keepOpen)
+        = 0;
+    // Writes the topic of a form description to htmlFullPath.
+    virtual void SaveFormPage(CXmlForm& form, const std::string& htmlFullPath) = 0;
+};
+
+IFormPageMaker* CurrentFormPageMaker();
+void SetCurrentFormPageMaker(IFormPageMaker* maker);
 
 // Photographs a form for its topic: the whole window, and a picture of each
 // compound control (tab control, tab page, frame, container) on which that

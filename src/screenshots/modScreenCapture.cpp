@@ -1,11 +1,11 @@
 #include "screenshots/modScreenCapture.h"
 
+#include "desktop/BmpFile.h"
+#include "desktop/RenderedWindows.h"
+#include "desktop/cJPEG.h"
 #include "foundation/CTraceLog.h"
 #include "foundation/Paths.h"
 #include "foundation/StringUtil.h"
-#include "screenshots/BmpFile.h"
-#include "screenshots/RenderedWindows.h"
-#include "screenshots/cJPEG.h"
 
 namespace scriv {
 

@@ -3,7 +3,7 @@
 #include <optional>
 #include <string>
 
-#include "screenshots/Picture.h"
+#include "desktop/Picture.h"
 
 typedef struct _cairo_surface cairo_surface_t;
 

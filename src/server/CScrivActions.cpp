@@ -13,10 +13,10 @@
 #include "foundation/Version.h"
 #include "generation/CScrivCompiler.h"
 #include "generation/CScrivant.h"
-#include "generation/CScrivantParameters.h"
 #include "model/CAddInProjects.h"
 #include "model/CAddInSettingsXmlFile.h"
 #include "model/CHelpPrjTree.h"
+#include "model/CScrivantParameters.h"
 #include "model/OpenHelpProject.h"
 #include "server/CScrivServer.h"
 #include "server/CScrivServerAgent.h"
@@ -190,6 +190,7 @@ std::uint32_t CScrivActions::OpenWizardForm(bool ask)
 
     PrepareForModalForm();
     m_wizard = std::make_unique<CHelpWizardForm>();
+    m_wizard->SetOnClosing([this] { m_server.ProcessWizardFormClosing(); });
     m_wizard->init(data.GetSettings());
     m_wizard->Show();
     if (parameters.WizardUnattendedExecution || data.Unattended)
@@ -241,9 +242,8 @@ std::uint32_t CScrivActions::CheckIfGenerationPossible()
             0, "", "", 0, source);
         return status::kProjectNameRegistered;
     }
-    CScrivCompiler compiler;
-    if (!compiler.HelpFileCanBeOverwritten()) {
-        int answer = MsgBox("Can't copy over existing help file " + compiler.SourceFolderHelpFilePath() + kCrLfText
+    if (!CScrivCompiler::HelpFileCanBeOverwritten()) {
+        int answer = MsgBox("Can't copy over existing help file " + CScrivCompiler::SourceFolderHelpFilePath() + kCrLfText
                 + "Close it if it's opened in HTML Help window," + kCrLfText
                 + "then click [OK] button to continue help generation or" + kCrLfText
                 + "click [Cancel] button to stop help generation.",

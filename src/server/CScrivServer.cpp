@@ -6,22 +6,23 @@
 #include "foundation/EventLoop.h"
 #include "foundation/FileBackups.h"
 #include "foundation/IUserInterface.h"
+#include "foundation/LoadedForms.h"
 #include "foundation/MsgBox.h"
 #include "foundation/ObjectNames.h"
+#include "foundation/Paths.h"
 #include "foundation/ScrivError.h"
 #include "foundation/StringUtil.h"
 #include "foundation/Version.h"
 #include "generation/CScrivant.h"
-#include "generation/CScrivantParameters.h"
+#include "host/CXmlCommand.h"
 #include "model/CAddInProjects.h"
 #include "model/CHelpPrjSelector.h"
-#include "foundation/Paths.h"
+#include "model/CScrivantParameters.h"
+#include "screenshots/Screenshot.h"
 #include "server/CScrivActions.h"
 #include "server/CScrivServerAgent.h"
 #include "server/CScrivServerData.h"
 #include "server/CTimer.h"
-#include "server/CXmlCommand.h"
-#include "server/LoadedForms.h"
 
 namespace scriv {
 
@@ -47,48 +48,9 @@ CScrivServer* CurrentServer()
 void SetCurrentServer(CScrivServer* server)
 {
     CurrentServerSlot() = server;
-}
-
-CAddInProject* CurrentAddInProject()
-{
-    CScrivServer* server = CurrentServer();
-    if (!server || !server->HasData() || !server->Data().HasProjects())
-        return nullptr;
-    return server->Data().Projects().CurrentProject();
-}
-
-CXmlMessages* CurrentMessages()
-{
-    CScrivServer* server = CurrentServer();
-    return server && server->HasData() ? &server->Data().Messages() : nullptr;
-}
-
-bool GenerationIsInterrupted()
-{
-    CScrivServer* server = CurrentServer();
-    return server && server->HasData() && server->Data().GenerationInterrupted;
-}
-
-void CheckGenerationInterrupt()
-{
-    CScrivServer* server = CurrentServer();
-    if (!server || !server->HasData())
-        return;
-    CScrivServerData& data = server->Data();
-    if (data.GenerationInterrupted)
-        return;
-    if (ErrorCounter() >= kErrorsThatStopARun) {
-        data.GenerationInterrupted = true;
-        SetErrorCounter(0);
-    } else if (data.GenerationRunning() && UserInterface().CancelRequested()) {
-        data.GenerationInterrupted = true;
-    }
-}
-
-bool PollGenerationInterrupt()
-{
-    CheckGenerationInterrupt();
-    return GenerationIsInterrupted();
+    bool hasData = server && server->HasData();
+    SetCurrentRunContext(hasData ? &server->Data() : nullptr);
+    SetCurrentFormPageMaker(hasData && server->Data().HasScrivEngine() ? &server->Data().ScrivEngine() : nullptr);
 }
 
 CScrivServer::CScrivServer()
@@ -108,10 +70,10 @@ CScrivServer::~CScrivServer()
 std::uint32_t CScrivServer::Connect()
 {
     return ErrorFrame("CScrivServer.Connect", [&] {
-        if (!CurrentServer())
-            SetCurrentServer(this);
         if (!m_data)
             m_data = std::make_unique<CScrivServerData>(*this);
+        if (!CurrentServer() || CurrentServer() == this)
+            SetCurrentServer(this);
         CScrivantParameters& parameters = Parameters();
         if (parameters.NameOfFolderForGeneratedImages().empty())
             parameters.SetNameOfFolderForGeneratedImages("images");
@@ -133,10 +95,10 @@ std::uint32_t CScrivServer::Disconnect()
             m_actions->Terminate();
             m_actions.reset();
         }
-        m_data.reset();
         m_connected = false;
         if (CurrentServer() == this)
             SetCurrentServer(nullptr);
+        m_data.reset();
     });
 }
 

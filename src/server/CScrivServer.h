@@ -6,14 +6,14 @@
 #include <string>
 #include <string_view>
 
+#include "model/IRunContext.h"
+
 namespace scriv {
 
-class CAddInProject;
 class CRequestQueue;
 class CScrivActions;
 class CScrivServerAgent;
 class CScrivServerData;
-class CXmlMessages;
 
 // The one public entry of the program's logic. Every command reaches it first;
 // it keeps the state that decides what may run now (an open Help Editor or
@@ -100,20 +100,7 @@ private:
 // The current server, or nothing.
 CScrivServer* CurrentServer();
 void SetCurrentServer(CScrivServer* server);
-// The current help project of the current server's registry, or nothing.
-CAddInProject* CurrentAddInProject();
-// The message table of the current server, or nothing.
-CXmlMessages* CurrentMessages();
-
-// The one cancel flag of the system (false without a server).
-bool GenerationIsInterrupted();
-// Sets the cancel flag when 50 errors have been reported (and starts the count
-// again), or when the person asked to stop.
-void CheckGenerationInterrupt();
-// CheckGenerationInterrupt, then the flag.
-bool PollGenerationInterrupt();
-
-// The number of reported errors that stops a run.
-inline constexpr int kErrorsThatStopARun = 50;
+// The accessors of the run that the lower layers use (CurrentAddInProject,
+// CurrentMessages, GenerationIsInterrupted ...) are declared with the run context.
 
 }  // namespace scriv

@@ -11,11 +11,12 @@
 #include "foundation/StringUtil.h"
 #include "foundation/Version.h"
 #include "generation/CScrivant.h"
-#include "generation/CScrivantParameters.h"
 #include "model/CAddInProjects.h"
 #include "model/CAddInSettingsXmlFile.h"
+#include "model/CScrivantParameters.h"
 #include "server/CScrivServer.h"
 #include "server/CScrivServerAgent.h"
+#include "server/CScrivServerProxy.h"
 
 namespace scriv {
 
@@ -137,6 +138,37 @@ bool CScrivServerData::IsMSAccessDbOpened()
     if (!EqualsNoCase(agent.CurrentSourceProjectTypeName(), "MS ACCESS"))
         return true;
     return !agent.CurrentSourceProjectFullPath().empty();
+}
+
+bool CScrivServerData::HostIsMSAccess() const
+{
+    return scriv::HostIsMSAccess();
+}
+
+IHostAgent& CScrivServerData::Agent()
+{
+    return m_server.Agent();
+}
+
+CHelpPrjTree* CScrivServerData::LoadedTree()
+{
+    return m_scriv && m_scriv->HasHelpProjectTree() ? &m_scriv->HelpProjectTree() : nullptr;
+}
+
+std::uint32_t CScrivServerData::LoadTreeOfActiveProject(bool keep)
+{
+    return m_scriv->LoadTreviewForActiveProject(keep);
+}
+
+void CScrivServerData::UnloadTreeOfActiveProject()
+{
+    if (m_scriv)
+        m_scriv->UnLoadTreviewForActiveProject();
+}
+
+std::uint32_t CScrivServerData::ReloadScrivProject(const std::string& file, int mode)
+{
+    return m_server.ReloadScrivProject(file, mode);
 }
 
 void CScrivServerData::Terminate()

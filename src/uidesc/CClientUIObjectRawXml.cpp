@@ -6,8 +6,8 @@
 #include "foundation/StringUtil.h"
 #include "foundation/TextEncoding.h"
 #include "host/IClientFormProcessor.h"
-#include "server/CScrivServer.h"
-#include "server/CScrivServerAgent.h"
+#include "model/IHostAgent.h"
+#include "model/IRunContext.h"
 
 namespace scriv {
 
@@ -46,17 +46,17 @@ std::string DataObjectElement(int objectType)
     }
 }
 
-// The description of a component as the server has it for its kind.
+// The description of a component as the host has it for its kind.
 std::string ComponentDescription(int objectType, const std::string& name)
 {
-    CScrivServer* server = CurrentServer();
-    if (!server)
+    IHostAgent* agent = CurrentHostAgent();
+    if (!agent)
         return {};
     if (objectType == 1)
-        return server->Agent().GetQueryDescription(name);
+        return agent->GetQueryDescription(name);
     if (objectType == 4)
-        return server->Agent().GetMacroDescription(name);
-    return server->Agent().GetComponentDescription(name);
+        return agent->GetMacroDescription(name);
+    return agent->GetComponentDescription(name);
 }
 
 struct RootElement {

@@ -10,7 +10,7 @@
 #include "foundation/ObjectNames.h"
 #include "foundation/Paths.h"
 #include "foundation/StringUtil.h"
-#include "screenshots/CNonClientMetrics.h"
+#include "host/CNonClientMetrics.h"
 #include "uidesc/CXmlControl.h"
 #include "uidesc/CXmlForm.h"
 

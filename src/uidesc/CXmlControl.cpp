@@ -9,10 +9,9 @@
 #include "foundation/ScrivError.h"
 #include "foundation/StringUtil.h"
 #include "foundation/TextEncoding.h"
-#include "generation/CScrivantParameters.h"
-#include "generation/Templates.h"
-#include "server/CScrivServer.h"
-#include "server/CScrivServerAgent.h"
+#include "model/CScrivantParameters.h"
+#include "model/IHostAgent.h"
+#include "model/IRunContext.h"
 #include "uidesc/CXmlForm.h"
 #include "uidesc/DescriptionText.h"
 
@@ -437,10 +436,10 @@ std::pair<int, int> CXmlControl::Correction() const
 {
     if (!ApplyVistaHotSpotCorrection())
         return { 0, 0 };
-    // The server knows the source project's type; without one the form says it.
-    CScrivServer* server = CurrentServer();
-    if (server && server->Connected())
-        return HotSpotCorrection(server->Agent().CurrentSourceProjectTypeName());
+    // The host knows the source project's type; without one the form says it.
+    IHostAgent* agent = CurrentHostAgent();
+    if (agent)
+        return HotSpotCorrection(agent->CurrentSourceProjectTypeName());
     const CXmlForm* form = Form();
     return HotSpotCorrection(form ? form->SourceProjectType : std::string());
 }

@@ -3,13 +3,14 @@
 #include <array>
 #include <tuple>
 
+#include "foundation/CTraceLog.h"
 #include "foundation/ObjectNames.h"
 #include "foundation/Paths.h"
 #include "foundation/ScrivError.h"
 #include "foundation/StringUtil.h"
 #include "foundation/TextEncoding.h"
-#include "generation/CScrivantParameters.h"
-#include "generation/Templates.h"
+#include "model/CHelpPrjTreeNode.h"
+#include "model/CScrivantParameters.h"
 #include "uidesc/CFormHTMLControlDefs.h"
 #include "uidesc/DescriptionText.h"
 
@@ -528,6 +529,19 @@ int CXmlForm::ControlSectionHeaderHeight(std::string_view sectionName) const
 {
     const auto* section = m_sections.Find(sectionName);
     return section ? (*section)->DesignTimeHeaderHeight : 0;
+}
+
+std::unique_ptr<CXmlForm> LoadXmlForm(const CHelpPrjTreeNode& node)
+{
+    std::string path = node.XmlFormFullPath();
+    if (path.empty() || !FileExists(path))
+        return nullptr;
+    auto form = std::make_unique<CXmlForm>();
+    if (!form->Load(path)) {
+        Trace("CHelpPrjTreeNode.LoadXmlForm: " + form->XmlParseError().Reason());
+        return nullptr;
+    }
+    return form;
 }
 
 }  // namespace scriv

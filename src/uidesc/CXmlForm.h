@@ -20,6 +20,8 @@ namespace desc {
 class AttributeReader;
 }
 
+class CHelpPrjTreeNode;
+
 // The description of one documented object (form, report, table, query, macro,
 // worksheet or chart): the document the form walk writes, held as objects.
 // It is read back, adjusted, kept in the help project's folder and turned into
@@ -63,20 +65,6 @@ public:
     // become the page's; without, definitions not yet listed are added. Answers
     // whether the lists changed; false too when the page cannot be read.
     bool MakeDefs(std::string_view htmlFileFullPath, bool replace = true);
-
-    // --- the topic page ---
-
-    // Writes the page of a form or report from the "form.htm" template and
-    // reads its documented controls back. Without a file name only the text
-    // is made. The page text, or "" when the description does not read.
-    std::string SaveHTMLEx(std::string_view fileFullPath, bool isReport);
-    // The page of a table, query or macro from its own template; queryXml
-    // lists the fields of a query.
-    std::string SaveHTML4Table(std::string_view fileFullPath, std::string_view templateName,
-        std::string_view queryXml = {});
-    // The page of a worksheet or chart; worksheetHtml is the host's picture of it.
-    std::string SaveHTML4Worksheet(std::string_view fileFullPath, std::string_view templateName,
-        std::string_view worksheetHtml);
 
     // --- the tree ---
     Sections_t& Sections() { return m_sections; }
@@ -199,5 +187,9 @@ private:
     CXmlParseError m_error;
     bool m_terminated { false };
 };
+
+// The saved description of a topic's object (the node's file in the
+// project's xml folder), or nothing when there is none or it does not read.
+std::unique_ptr<CXmlForm> LoadXmlForm(const CHelpPrjTreeNode& node);
 
 }  // namespace scriv

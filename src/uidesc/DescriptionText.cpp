@@ -6,9 +6,9 @@
 
 #include "foundation/Paths.h"
 #include "foundation/StringUtil.h"
-#include "generation/CScrivantParameters.h"
 #include "model/CAddInProject.h"
-#include "server/CScrivServer.h"
+#include "model/CScrivantParameters.h"
+#include "model/IRunContext.h"
 
 namespace scriv::desc {
 

@@ -4,6 +4,7 @@
 #include <unistd.h>
 
 #include "foundation/AppFolders.h"
+#include "foundation/CCodePages.h"
 #include "foundation/CTraceLog.h"
 #include "foundation/CXMLFile.h"
 #include "foundation/ErrorMessage.h"
@@ -11,13 +12,11 @@
 #include "foundation/StringUtil.h"
 #include "foundation/Version.h"
 #include "generation/CScrivant.h"
-#include "generation/CScrivantParameters.h"
 #include "generation/Templates.h"
 #include "model/CAddInSettingsXmlFile.h"
-#include "server/CScrivServer.h"
-#include "server/CScrivServerAgent.h"
-#include "server/CScrivServerData.h"
-#include "wizard/CCodePages.h"
+#include "model/CScrivantParameters.h"
+#include "model/IHostAgent.h"
+#include "model/IRunContext.h"
 
 namespace scriv {
 
@@ -116,10 +115,10 @@ bool CHelpWizardForm::init(CAddInSettingsXmlFile& settings)
         m_saved = Parameters().Clone();
         // The pages show and change the options: start them from the parameters.
         settings.CopyToOptions();
-        CScrivServer* server = CurrentServer();
-        if (server)
-            server->Data().ScrivEngine().UnLoadTreviewForActiveProject();
-        std::string sourceType = server ? server->Agent().CurrentSourceProjectTypeName() : std::string();
+        IRunContext* context = CurrentRunContext();
+        if (context)
+            context->UnloadTreeOfActiveProject();
+        std::string sourceType = context ? context->Agent().CurrentSourceProjectTypeName() : std::string();
 
         CXMLFile definition;
         std::string settingsFolder = Folders().SettingsFolder();
@@ -262,8 +261,8 @@ void CHelpWizardForm::Finish()
         Unload();
     });
     // The server may end this wizard while it generates; nothing here runs after.
-    if (CScrivServer* server = CurrentServer())
-        server->ProcessWizardFormClosing();
+    if (m_onClosing)
+        m_onClosing();
 }
 
 void CHelpWizardForm::Cancel()
@@ -274,8 +273,8 @@ void CHelpWizardForm::Cancel()
             Parameters() = *m_saved;
         Unload();
     });
-    if (CScrivServer* server = CurrentServer())
-        server->ProcessWizardFormClosing();
+    if (m_onClosing)
+        m_onClosing();
 }
 
 void CHelpWizardForm::Unload()

@@ -1,13 +1,14 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <string>
 #include <vector>
 
 #include <pugixml.hpp>
 
-#include "server/LoadedForms.h"
+#include "foundation/LoadedForms.h"
 
 namespace scriv {
 
@@ -68,6 +69,9 @@ public:
     // Keeps a copy of the parameters for Cancel, reads the pages and code pages.
     // False when the definition cannot be read (no pages then).
     bool init(CAddInSettingsXmlFile& settings);
+    // What runs when the wizard has closed with Finish or Cancel (the server
+    // takes over there). The call may end the wizard itself.
+    void SetOnClosing(std::function<void()> onClosing) { m_onClosing = std::move(onClosing); }
     // Shows the first page; the wizard counts as a loaded form until it ends.
     void Show();
     void Terminate();
@@ -117,6 +121,7 @@ private:
     std::string SamplePage(const std::string& templateName, const std::string& name);
 
     CAddInSettingsXmlFile* m_settings { nullptr };
+    std::function<void()> m_onClosing;
     std::unique_ptr<CScrivantParameters> m_saved;
     std::vector<std::unique_ptr<CHelpWizardFormPage>> m_pages;
     std::unique_ptr<CCodePages> m_codePages;

@@ -9,16 +9,16 @@
 #include <string>
 #include <vector>
 
+#include "desktop/CFormRenderer.h"
+#include "desktop/CW_IDEVB6Context.h"
+#include "desktop/cJPEG.h"
 #include "foundation/ObjectNames.h"
 #include "foundation/Paths.h"
 #include "foundation/StringUtil.h"
 #include "foundation/System.h"
-#include "host/CW_IDEVB6Context.h"
 #include "host/CW_IDEVB6FormProcessor.h"
 #include "host/vb6/Vb6Block.h"
 #include "host/vb6/Vb6FormFile.h"
-#include "screenshots/CFormRenderer.h"
-#include "screenshots/cJPEG.h"
 #include "support/TestSupport.h"
 
 namespace scriv {

@@ -7,7 +7,7 @@
 #include <string_view>
 
 #include "foundation/ScrivError.h"
-#include "server/CXmlCommand.h"
+#include "host/CXmlCommand.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {

@@ -3,10 +3,10 @@
 #include "foundation/Paths.h"
 #include "foundation/StringUtil.h"
 #include "model/CAddInProject.h"
-#include "model/clsFrmRptHelpContextIds.h"
 #include "support/CoreFixture.h"
 #include "uidesc/CXmlControl.h"
 #include "uidesc/CXmlForm.h"
+#include "uidesc/clsFrmRptHelpContextIds.h"
 
 namespace scriv {
 namespace {

@@ -2,6 +2,7 @@
 
 #include "foundation/Paths.h"
 #include "foundation/StringUtil.h"
+#include "generation/ContentsFiles.h"
 #include "generation/clsHHK.h"
 #include "model/CHelpPrjTree.h"
 #include "support/CoreFixture.h"
@@ -121,7 +122,7 @@ TEST_F(ContentsTest, SkippedNodesAndLabelsAreLeftOutAndCaptionsFiltered)
       </Project>)"),
                   true),
         0u);
-    std::string hhc = Tree().GetHHCStr();
+    std::string hhc = GetHHCStr(Tree());
     EXPECT_EQ(hhc.find("<!DOCTYPE HTML PUBLIC \"-//IETF//DTD HTML//EN\">\r\n<HTML>\r\n<HEAD>\r\n"
                        "<meta name=\"GENERATOR\" content=\"Microsoft&reg; HTML Help Workshop 4.1\">\r\n"),
         0u);
@@ -137,7 +138,7 @@ TEST_F(ContentsTest, SkippedNodesAndLabelsAreLeftOutAndCaptionsFiltered)
         EXPECT_EQ(hhc.find(absent), std::string::npos) << absent;
 
     std::string options;
-    std::string tree = Tree().GetTreeStr(options);
+    std::string tree = GetTreeStr(Tree(), options);
     EXPECT_EQ(tree.find("Welcome.htm"), std::string::npos);
     EXPECT_NE(tree.find("                <li>  <a href=\"T1.htm\" target=\"right\">AB&#38;C</a> </li>\r\n"),
         std::string::npos)
@@ -147,12 +148,12 @@ TEST_F(ContentsTest, SkippedNodesAndLabelsAreLeftOutAndCaptionsFiltered)
 
     clsHHK index;
     Parameters().FillIndexFromAppObjectsAndControls = true;
-    ASSERT_EQ(Tree().MakeAndSaveHHK(m_out / "Help.hhk", index), 0u);
+    ASSERT_EQ(MakeAndSaveHHK(Tree(), m_out / "Help.hhk", index), 0u);
     std::string hhk = m_out.Read("Help.hhk");
     EXPECT_NE(hhk.find("<param name=\"name\" Value = \"beta\">"), std::string::npos) << hhk;
     // A contents file that is replaced keeps its earlier copies.
-    ASSERT_EQ(Tree().SaveHHC(m_out / "Help.hhc"), 0u);
-    ASSERT_EQ(Tree().SaveHHC(m_out / "Help.hhc"), 0u);
+    ASSERT_EQ(SaveHHC(Tree(), m_out / "Help.hhc"), 0u);
+    ASSERT_EQ(SaveHHC(Tree(), m_out / "Help.hhc"), 0u);
     EXPECT_TRUE(FileExists(m_out / "z1_Help.hhc.bak"));
 }
 
@@ -161,7 +162,7 @@ TEST_F(ContentsTest, TheContentsFileIsWrittenInTheProjectsCharset)
     Parameters().Charset = "windows-1252";
     ASSERT_EQ(Tree().Load(m_data.Write("c.xml", "<Project Caption=\"R\xC3\xA9sum\xC3\xA9\" GeneratedHtmlFile=\"W.htm\"/>"), true),
         0u);
-    ASSERT_EQ(Tree().SaveHHC(m_out / "Help.hhc"), 0u);
+    ASSERT_EQ(SaveHHC(Tree(), m_out / "Help.hhc"), 0u);
     EXPECT_NE(m_out.Read("Help.hhc").find("value=\"R\xE9sum\xE9\""), std::string::npos);
 }
 

@@ -3,9 +3,9 @@
 #include "foundation/AppFolders.h"
 #include "foundation/Paths.h"
 #include "foundation/ScrivError.h"
-#include "generation/CScrivantParameters.h"
 #include "generation/Templates.h"
 #include "generation/clsHTMLFile.h"
+#include "model/CScrivantParameters.h"
 #include "support/CoreFixture.h"
 
 namespace scriv {

@@ -5,10 +5,10 @@
 #include "foundation/Paths.h"
 #include "foundation/ScrivError.h"
 #include "foundation/StringUtil.h"
-#include "generation/CScrivantParameters.h"
 #include "model/CAddInSettingsXmlFile.h"
 #include "model/CHeadlessTreeView.h"
 #include "model/CHelpPrjTree.h"
+#include "model/CScrivantParameters.h"
 #include "support/CoreFixture.h"
 
 namespace scriv {

@@ -2,8 +2,8 @@
 
 #include <regex>
 
-#include "generation/CScrivantParameters.h"
 #include "model/CHelpPrjTree.h"
+#include "model/CScrivantParameters.h"
 #include "model/IHelpPrjSourceProject.h"
 #include "model/Serializers.h"
 #include "support/CoreFixture.h"

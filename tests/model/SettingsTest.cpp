@@ -2,8 +2,8 @@
 
 #include "foundation/Paths.h"
 #include "foundation/ScrivError.h"
-#include "generation/CScrivantParameters.h"
 #include "model/CAddInSettingsXmlFile.h"
+#include "model/CScrivantParameters.h"
 #include "support/CoreFixture.h"
 
 namespace scriv {

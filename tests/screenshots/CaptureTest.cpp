@@ -1,13 +1,13 @@
 #include <gtest/gtest.h>
 
+#include "desktop/BmpFile.h"
+#include "desktop/RenderedWindows.h"
 #include "foundation/CTraceLog.h"
 #include "foundation/Paths.h"
-#include "screenshots/BmpFile.h"
 #include "screenshots/CFormBitmapCapture.h"
-#include "screenshots/RenderedWindows.h"
 #include "screenshots/modScreenCapture.h"
-#include "screenshots/RenderSupport.h"
 #include "support/CoreFixture.h"
+#include "support/RenderSupport.h"
 
 namespace scriv {
 namespace {

@@ -3,9 +3,9 @@
 
 #include <filesystem>
 
+#include "desktop/CW_IDEVB6Context.h"
 #include "foundation/Paths.h"
 #include "foundation/System.h"
-#include "host/CW_IDEVB6Context.h"
 #include "screenshots/Screenshot.h"
 #include "screenshots/ScreenshotOptions.h"
 #include "support/CoreFixture.h"

@@ -1,15 +1,15 @@
 #include <gtest/gtest.h>
 
 #include "foundation/IUserInterface.h"
+#include "foundation/LoadedForms.h"
 #include "foundation/Paths.h"
 #include "foundation/ScrivError.h"
-#include "generation/CScrivantParameters.h"
 #include "model/CAddInProjects.h"
 #include "model/CAddInSettingsXmlFile.h"
+#include "model/CScrivantParameters.h"
 #include "server/CScrivActions.h"
-#include "server/LoadedForms.h"
-#include "wizard/CHelpWizardForm.h"
 #include "support/CoreFixture.h"
+#include "wizard/CHelpWizardForm.h"
 
 namespace scriv {
 namespace {

@@ -4,11 +4,11 @@
 
 #include "foundation/ErrorMessage.h"
 #include "foundation/EventLoop.h"
+#include "foundation/LoadedForms.h"
 #include "foundation/ScrivError.h"
+#include "host/CXmlCommand.h"
 #include "server/CScrivServerAgent.h"
 #include "server/CTimer.h"
-#include "server/CXmlCommand.h"
-#include "server/LoadedForms.h"
 #include "support/CoreFixture.h"
 
 namespace scriv {

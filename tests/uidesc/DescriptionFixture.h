@@ -4,7 +4,7 @@
 
 #include <string>
 
-#include "generation/CScrivantParameters.h"
+#include "model/CScrivantParameters.h"
 #include "support/CoreFixture.h"
 #include "uidesc/CXmlControl.h"
 #include "uidesc/CXmlForm.h"

@@ -3,11 +3,11 @@
 #include <regex>
 #include <set>
 
+#include "foundation/CCodePages.h"
 #include "foundation/Paths.h"
 #include "foundation/ScrivError.h"
 #include "foundation/StringUtil.h"
 #include "support/CoreFixture.h"
-#include "wizard/CCodePages.h"
 
 namespace scriv {
 namespace {

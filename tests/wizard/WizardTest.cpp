@@ -1,11 +1,11 @@
 #include <gtest/gtest.h>
 
-#include "generation/CScrivantParameters.h"
-#include "model/CAddInSettingsXmlFile.h"
-#include "server/LoadedForms.h"
-#include "support/CoreFixture.h"
+#include "foundation/CCodePages.h"
+#include "foundation/LoadedForms.h"
 #include "foundation/Paths.h"
-#include "wizard/CCodePages.h"
+#include "model/CAddInSettingsXmlFile.h"
+#include "model/CScrivantParameters.h"
+#include "support/CoreFixture.h"
 #include "wizard/CHelpWizardForm.h"
 
 namespace scriv {
