@@ -211,7 +211,7 @@ std::vector<std::string> CFormRenderer::ListProperty(const Vb6Block& block)
     const Vb6Property* property = block.FindProperty("List");
     std::optional<Vb6FrxReference> reference = property ? property->Frx() : std::nullopt;
     const FrxFile* frx = reference ? Frx(reference->fileName) : nullptr;
-    return frx ? frx->ListItems(reference->offset).value_or(std::vector<std::string>()) : std::vector<std::string>();
+    return frx ? frx->ListItems(reference->offset, m_file.CodePage()).value_or(std::vector<std::string>()) : std::vector<std::string>();
 }
 
 // --- drawing ---

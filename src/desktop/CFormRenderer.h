@@ -9,7 +9,7 @@
 
 #include "desktop/ClassicPainter.h"
 #include "desktop/ControlPainters.h"
-#include "desktop/FrxFile.h"
+#include "host/vb6/FrxFile.h"
 #include "desktop/Picture.h"
 #include "host/CNonClientMetrics.h"
 

@@ -2,6 +2,8 @@
 
 #include "desktop/RenderedWindows.h"
 #include "foundation/CTraceLog.h"
+#include "foundation/CodePage.h"
+#include "foundation/ErrorMessage.h"
 #include "foundation/EventLoop.h"
 #include "foundation/IUserInterface.h"
 #include "foundation/MsgBox.h"
@@ -59,6 +61,8 @@ std::unique_ptr<CW_IDEVB6Context> CW_IDEVB6Context::Open(const std::string& path
         projectFiles.push_back(path);
     }
     bool isGroup = EndsWithNoCase(path, ".vbg");
+    if (isGroup)
+        context->m_groupFolder = FolderOf(path);
     std::size_t startupFile = context->m_current;
     context->m_current = 0;
     for (std::size_t i = 0; i < projectFiles.size(); ++i) {
@@ -101,7 +105,7 @@ void CW_IDEVB6Context::ReadComponents(Project& project)
         if (!IsFormComponent(entry.kind))
             continue;
         Component component;
-        component.path = entry.fullPath;
+        component.path = FindMovedFile(entry.fullPath, project);
         component.windowHandle = m_nextHandle++;
         try {
             component.file = std::make_unique<Vb6FormFile>(Vb6FormFile::Load(entry.fullPath));
@@ -116,6 +120,26 @@ void CW_IDEVB6Context::ReadComponents(Project& project)
     }
 }
 
+std::string CW_IDEVB6Context::FindMovedFile(const std::string& path, const Project& project) const
+{
+    // A project made on another machine may name its files by that machine's
+    // paths; the files themselves usually came along beside the project.
+    if (FileExists(path))
+        return path;
+    std::string name = FileNameOf(path);
+    for (const std::string& folder : { project.file->Folder(), m_groupFolder }) {
+        if (folder.empty())
+            continue;
+        std::string beside = FindPathNoCase(JoinPath(folder, name));
+        if (FileExists(beside)) {
+            UserWarningMessage("The file '" + path + "' named by the project '" + project.file->Path()
+                + "' does not exist; '" + beside + "' is documented in its place.");
+            return beside;
+        }
+    }
+    return path;
+}
+
 std::vector<CW_IDEVB6Context::Component>& CW_IDEVB6Context::Components()
 {
     ReadComponents(Current());
@@ -127,9 +151,25 @@ CW_IDEVB6Context::Component* CW_IDEVB6Context::FindComponent(const std::string& 
     if (name.empty())
         return nullptr;
     for (Component& component : Components())
-        if (EqualsNoCase(component.name, name))
+        if (EqualsNoCase(component.name, name)) {
+            RereadInCodePage(component);
             return &component;
+        }
     return nullptr;
+}
+
+void CW_IDEVB6Context::RereadInCodePage(Component& component)
+{
+    // A form whose fonts name no code page is read in the application's,
+    // which the settings may have named since the form was first read.
+    Vb6FormFile* file = component.file.get();
+    if (!file || file->CodePageFromFonts() || file->IsDirty() || file->CodePage() == SystemCodePage())
+        return;
+    try {
+        component.file = std::make_unique<Vb6FormFile>(Vb6FormFile::Load(component.path));
+    } catch (const ScrivError& error) {
+        Trace("CW_IDEVB6Context: " + error.Description());
+    }
 }
 
 // --- projects ---

@@ -43,6 +43,7 @@ public:
     // cannot be read is listed under its file's name with its error.
     std::vector<Component>& Components();
     Component* FindComponent(const std::string& name);
+    void RereadInCodePage(Component& component);
 
     // ^IHostIDEContext
     int Connect() override { return 0; }
@@ -95,11 +96,15 @@ private:
     CW_IDEVB6Context() = default;
     Project& Current();
     void ReadComponents(Project& project);
+    // The path, or the file of the same name beside the project or its group
+    // when the path names none.
+    std::string FindMovedFile(const std::string& path, const Project& project) const;
     // Draws the component's form as the designer shows it, under its window handle.
     void RenderComponent(Component& component);
 
     std::vector<std::unique_ptr<Project>> m_projects;
     std::vector<std::string> m_openErrors;
+    std::string m_groupFolder;
     std::size_t m_current { 0 };
     bool m_useGroup { false };
     bool m_progressShown { false };

@@ -4,6 +4,9 @@
 #include <cairo.h>
 #include <cstring>
 
+#include "desktop/BmpFile.h"
+#include "desktop/cJPEG.h"
+
 namespace scriv {
 
 namespace {
@@ -113,6 +116,15 @@ bool Picture::WritePng(const std::string& path) const
         && cairo_surface_write_to_png(surface, path.c_str()) == CAIRO_STATUS_SUCCESS;
     cairo_surface_destroy(surface);
     return written;
+}
+
+std::optional<Picture> DecodePicture(std::string_view bytes)
+{
+    if (bytes.size() >= 2 && bytes[0] == 'B' && bytes[1] == 'M')
+        return DecodeBmp(bytes);
+    if (bytes.size() >= 3 && static_cast<unsigned char>(bytes[0]) == 0xFF && static_cast<unsigned char>(bytes[1]) == 0xD8)
+        return DecodeJpeg(bytes);
+    return std::nullopt;
 }
 
 }  // namespace scriv

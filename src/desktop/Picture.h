@@ -1,7 +1,9 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 typedef struct _cairo_surface cairo_surface_t;
@@ -62,5 +64,9 @@ private:
     int m_height { 0 };
     std::vector<std::uint8_t> m_bytes;
 };
+
+// The picture of image file bytes when they are a bitmap or a JPEG; nothing
+// for any other kind (GIF, icons and metafiles are left out).
+std::optional<Picture> DecodePicture(std::string_view bytes);
 
 }  // namespace scriv

@@ -100,6 +100,26 @@ void SetSystemCodePage(std::string codePage)
         CodePageSetting() = std::move(codePage);
 }
 
+std::string CodePageOfFontCharset(int charset)
+{
+    switch (charset) {
+    case 128: return "CP932";
+    case 129: return "CP949";
+    case 134: return "CP936";
+    case 136: return "CP950";
+    case 161: return "windows-1253";
+    case 162: return "windows-1254";
+    case 163: return "windows-1258";
+    case 177: return "windows-1255";
+    case 178: return "windows-1256";
+    case 186: return "windows-1257";
+    case 204: return "windows-1251";
+    case 222: return "CP874";
+    case 238: return "windows-1250";
+    default: return {};
+    }
+}
+
 bool IsKnownEncoding(std::string_view encoding)
 {
     Converter probe("UTF-8", encoding);

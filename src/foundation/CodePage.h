@@ -22,6 +22,11 @@ std::string ConvertFromUtf8(std::string_view text, std::string_view toEncoding);
 inline std::string FromSystemCodePage(std::string_view bytes) { return ConvertToUtf8(bytes, SystemCodePage()); }
 inline std::string ToSystemCodePage(std::string_view text) { return ConvertFromUtf8(text, SystemCodePage()); }
 
+// The ANSI code page of a Windows font character set ("windows-1256" for 178,
+// Arabic), or "" for a character set that names none: 0 (ANSI), 1 (default),
+// 2 (symbol) and any number Windows does not use.
+std::string CodePageOfFontCharset(int charset);
+
 // True when iconv knows the encoding name.
 bool IsKnownEncoding(std::string_view encoding);
 

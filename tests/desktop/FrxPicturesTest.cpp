@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "desktop/BmpFile.h"
-#include "desktop/FrxFile.h"
+#include "host/vb6/FrxFile.h"
 #include "desktop/cJPEG.h"
 #include "support/RenderSupport.h"
 

@@ -1,10 +1,13 @@
 #include "host/vb6/Vb6FormFile.h"
 
 #include <algorithm>
+#include <map>
 
+#include "foundation/CodePage.h"
 #include "foundation/Paths.h"
 #include "foundation/ScrivError.h"
 #include "foundation/StringUtil.h"
+#include "host/vb6/FrxFile.h"
 
 namespace scriv {
 
@@ -69,6 +72,57 @@ std::optional<std::string> ReadObjectText(std::string_view raw, std::size_t& pos
     return text;
 }
 
+// The code page the fonts of a form say its texts are in: the form's own
+// font first, then the one most of its controls' fonts name; "" when no font
+// names one (character sets 0 and 1 say nothing).
+std::string CodePageOfFonts(const std::vector<Vb6RawLine>& lines)
+{
+    int depth = 0;
+    std::vector<std::string> groups;
+    std::string formCodePage;
+    std::map<std::string, int> controlCodePages;
+    for (const Vb6RawLine& raw : lines) {
+        std::string fault;
+        std::optional<Vb6Line> line = ReadVb6Line(raw.bytes, fault);
+        if (!line)
+            continue;
+        switch (line->kind) {
+        case Vb6Line::Kind::Begin:
+            ++depth;
+            break;
+        case Vb6Line::Kind::End:
+            --depth;
+            break;
+        case Vb6Line::Kind::BeginProperty:
+            groups.emplace_back(line->name);
+            break;
+        case Vb6Line::Kind::EndProperty:
+            if (!groups.empty())
+                groups.pop_back();
+            break;
+        case Vb6Line::Kind::Property: {
+            if (groups.empty() || !EqualsNoCase(groups.back(), "Font") || !EqualsNoCase(line->name, "Charset"))
+                break;
+            std::string codePage = CodePageOfFontCharset(ToInt(std::string(line->value)));
+            if (codePage.empty())
+                break;
+            if (depth == 1 && groups.size() == 1)
+                formCodePage = formCodePage.empty() ? codePage : formCodePage;
+            else
+                ++controlCodePages[codePage];
+            break;
+        }
+        case Vb6Line::Kind::Blank:
+            break;
+        }
+    }
+    if (!formCodePage.empty())
+        return formCodePage;
+    auto most = std::max_element(controlCodePages.begin(), controlCodePages.end(),
+        [](const auto& a, const auto& b) { return a.second < b.second; });
+    return most == controlCodePages.end() ? std::string() : most->first;
+}
+
 }  // namespace
 
 // --- reading ---
@@ -125,7 +179,7 @@ private:
         std::string_view version = TrimVb6(TrimVb6(m_lines[index].bytes).substr(7));
         if (version.empty())
             Fail(static_cast<int>(index) + 1, "the VERSION line names no version");
-        m_file.m_version = DecodeVb6(version);
+        m_file.m_version = Decode(version);
         for (++index; index < m_lines.size(); ++index) {
             const std::string& raw = m_lines[index].bytes;
             if (IsBlank(index))
@@ -173,14 +227,16 @@ private:
         if (!kind)
             Fail(lineNumber, Quoted(m_lines[index].bytes) + " is no form, user control, user document, property page or designer");
         m_file.m_kind = *kind;
-        m_file.m_form = std::make_unique<Vb6Block>(DecodeVb6(line.type), DecodeVb6(line.name), lineNumber, nullptr);
+        m_file.m_form = std::make_unique<Vb6Block>(Decode(line.type), Decode(line.name), lineNumber, nullptr);
         return index + 1;
     }
 
-    static Vb6Property MakeProperty(const Vb6Line& line, int lineNumber)
+    Vb6Property MakeProperty(const Vb6Line& line, int lineNumber) const
     {
-        return Vb6Property { DecodeVb6(line.name), DecodeVb6(line.value), DecodeVb6(line.comment), lineNumber, line.valueOffset };
+        return Vb6Property { Decode(line.name), Decode(line.value), Decode(line.comment), lineNumber, line.valueOffset };
     }
+
+    std::string Decode(std::string_view bytes) const { return DecodeVb6(bytes, m_file.m_codePage); }
 
     std::size_t ReadBody(std::size_t index)
     {
@@ -200,7 +256,7 @@ private:
                 CheckDepth(open, lineNumber);
                 if (!top.group)
                     top.block->NoteNestedLine(lineNumber);
-                auto group = std::make_unique<Vb6PropertyGroup>(DecodeVb6(line.name), DecodeVb6(line.guid), lineNumber);
+                auto group = std::make_unique<Vb6PropertyGroup>(Decode(line.name), Decode(line.guid), lineNumber);
                 open.push_back({ top.block, &list.AddGroup(std::move(group)), lineNumber });
                 break;
             }
@@ -215,7 +271,7 @@ private:
                     Fail(lineNumber, "a Begin inside BeginProperty " + top.group->Name() + ": EndProperty is missing");
                 CheckDepth(open, lineNumber);
                 top.block->NoteNestedLine(lineNumber);
-                auto child = std::make_unique<Vb6Block>(DecodeVb6(line.type), DecodeVb6(line.name), lineNumber, top.block);
+                auto child = std::make_unique<Vb6Block>(Decode(line.type), Decode(line.name), lineNumber, top.block);
                 open.push_back({ &top.block->AddChild(std::move(child)), nullptr, lineNumber });
                 break;
             }
@@ -276,7 +332,7 @@ private:
             std::size_t equals = rest.find('=');
             if (equals == std::string_view::npos)
                 Fail(static_cast<int>(index) + 1, "an Attribute line needs \"=\": " + Quoted(raw));
-            m_file.m_attributes.push_back({ DecodeVb6(TrimVb6(rest.substr(0, equals))), DecodeVb6(TrimVb6(rest.substr(equals + 1))),
+            m_file.m_attributes.push_back({ Decode(TrimVb6(rest.substr(0, equals))), Decode(TrimVb6(rest.substr(equals + 1))),
                 static_cast<int>(index) + 1 });
         }
         m_file.m_codeLine = static_cast<int>(index) + 1;
@@ -294,7 +350,9 @@ Vb6FormFile Vb6FormFile::Load(const std::string& path)
         Raise(status::kGeneralFailure, "Vb6FormFile.Load", "The form file '" + path + "' does not exist.");
     if (!bytes)
         Raise(status::kGeneralFailure, "Vb6FormFile.Load", "Can't read the form file '" + path + "'");
-    return Parse(*bytes, path);
+    Vb6FormFile file = Parse(*bytes, path);
+    file.ReadFrxTexts();
+    return file;
 }
 
 Vb6FormFile Vb6FormFile::Parse(std::string_view bytes, std::string path)
@@ -302,8 +360,38 @@ Vb6FormFile Vb6FormFile::Parse(std::string_view bytes, std::string path)
     Vb6FormFile file;
     file.m_path = std::move(path);
     file.m_lines = SplitRawLines(bytes);
+    file.m_codePage = CodePageOfFonts(file.m_lines);
+    file.m_codePageFromFonts = !file.m_codePage.empty();
+    if (file.m_codePage.empty())
+        file.m_codePage = SystemCodePage();
     Reader(file).Run();
     return file;
+}
+
+void Vb6FormFile::ReadFrxTexts()
+{
+    std::map<std::string, std::optional<FrxFile>> files;
+    auto read = [&](Vb6PropertyList& list, auto& self) -> void {
+        for (Vb6Property& property : list.MutableProperties()) {
+            std::optional<Vb6FrxReference> reference = property.Frx();
+            if (!reference || !reference->isText)
+                continue;
+            auto found = files.find(reference->fileName);
+            if (found == files.end()) {
+                std::string path = FindPathNoCase(JoinPath(FolderOf(m_path), ToNativePath(reference->fileName)));
+                found = files.emplace(reference->fileName, FrxFile::Load(path)).first;
+            }
+            if (found->second)
+                property.frxText = found->second->Text(reference->offset, m_codePage);
+        }
+        for (Vb6PropertyGroup* group : list.MutableGroups())
+            self(*group, self);
+    };
+    std::vector<Vb6Block*> blocks { m_form.get() };
+    for (const Vb6Block* block : m_form->Descendants())
+        blocks.push_back(const_cast<Vb6Block*>(block));
+    for (Vb6Block* block : blocks)
+        read(*block, read);
 }
 
 std::string Vb6FormFile::Attribute(std::string_view name) const
@@ -318,7 +406,7 @@ std::string Vb6FormFile::Code() const
     std::string bytes;
     for (std::size_t i = static_cast<std::size_t>(m_codeLine) - 1; i < m_lines.size(); ++i)
         bytes += m_lines[i].bytes + m_lines[i].end;
-    return DecodeVb6(bytes);
+    return DecodeVb6(bytes, m_codePage);
 }
 
 // --- writing back ---
@@ -359,7 +447,7 @@ bool Vb6FormFile::SetProperty(const Vb6Block& block, std::string_view name, std:
 bool Vb6FormFile::ChangeLine(Vb6Property& property, std::string_view value)
 {
     Vb6RawLine& raw = m_lines[static_cast<std::size_t>(property.line) - 1];
-    std::string bytes = raw.bytes.substr(0, property.valueOffset) + EncodeVb6(value);
+    std::string bytes = raw.bytes.substr(0, property.valueOffset) + EncodeVb6(value, m_codePage);
     if (bytes == raw.bytes)
         return false;
     std::string fault;
@@ -367,8 +455,8 @@ bool Vb6FormFile::ChangeLine(Vb6Property& property, std::string_view value)
     if (!line || line->kind != Vb6Line::Kind::Property)
         Raise(status::kGeneralFailure, "Vb6FormFile.SetProperty",
             Vb6Place(FileNameOf(m_path), property.line) + "the value " + std::string(value) + " would not read back: " + fault);
-    property.value = DecodeVb6(line->value);
-    property.comment = DecodeVb6(line->comment);
+    property.value = DecodeVb6(line->value, m_codePage);
+    property.comment = DecodeVb6(line->comment, m_codePage);
     raw.bytes = std::move(bytes);
     m_dirty = true;
     return true;
@@ -403,7 +491,7 @@ void Vb6FormFile::AddLine(Vb6Block& block, std::string_view name, std::string_vi
     if (name.size() < layout.field)
         text.append(layout.field - name.size(), ' ');
     text += "=" + std::string(layout.gap, ' ') + std::string(value);
-    std::string bytes = EncodeVb6(text);
+    std::string bytes = EncodeVb6(text, m_codePage);
     std::string fault;
     std::optional<Vb6Line> line = ReadVb6Line(bytes, fault);
     if (!line || line->kind != Vb6Line::Kind::Property || line->name != name)
@@ -414,7 +502,7 @@ void Vb6FormFile::AddLine(Vb6Block& block, std::string_view name, std::string_vi
     std::string end = m_lines[at].end;
     if (end.empty())
         end = at > 0 && !m_lines[at - 1].end.empty() ? m_lines[at - 1].end : std::string(kCrLf);
-    Vb6Property property = Vb6Property { std::string(name), DecodeVb6(line->value), DecodeVb6(line->comment), lineNumber, line->valueOffset };
+    Vb6Property property = Vb6Property { std::string(name), DecodeVb6(line->value, m_codePage), DecodeVb6(line->comment, m_codePage), lineNumber, line->valueOffset };
     ShiftLines(lineNumber);
     m_lines.insert(m_lines.begin() + static_cast<std::ptrdiff_t>(at), Vb6RawLine { std::move(bytes), std::move(end) });
     block.AddProperty(std::move(property));

@@ -45,16 +45,22 @@ class Vb6FormFile {
 public:
     // --- reading ---
 
-    // The file at path, read in the system code page; raises ScrivError when
-    // it cannot be read or is no VB6 form file.
+    // The file at path, with the texts that its properties keep in .frx files
+    // beside it; raises ScrivError when it cannot be read or is no VB6 form file.
     static Vb6FormFile Load(const std::string& path);
     // The form in bytes; path names the file in messages and is where Save
     // writes. Raises ScrivError when the bytes are no VB6 form file.
+    // The texts are read in the code page that the fonts of the form name
+    // (the form's own font, else the one most of its controls name), else in
+    // the system code page.
     static Vb6FormFile Parse(std::string_view bytes, std::string path);
 
     // --- what the file holds ---
 
     const std::string& Path() const { return m_path; }
+    // The code page of the file's texts, and whether its fonts named it.
+    const std::string& CodePage() const { return m_codePage; }
+    bool CodePageFromFonts() const { return m_codePageFromFonts; }
     // The version of the VERSION line: "5.00".
     const std::string& Version() const { return m_version; }
     Vb6FormKind Kind() const { return m_kind; }
@@ -102,6 +108,8 @@ private:
     struct Layout;
 
     Vb6FormFile() = default;
+    // Fills in the texts that properties keep in .frx files beside the form.
+    void ReadFrxTexts();
     Vb6Block* OwnBlock(const Vb6Block& block);
     Layout LayoutFor(const Vb6Block& block) const;
     bool ChangeLine(Vb6Property& property, std::string_view value);
@@ -109,6 +117,8 @@ private:
     void ShiftLines(int fromLine);
 
     std::string m_path;
+    std::string m_codePage;
+    bool m_codePageFromFonts { false };
     std::vector<Vb6RawLine> m_lines;
     std::string m_version;
     Vb6FormKind m_kind { Vb6FormKind::Form };

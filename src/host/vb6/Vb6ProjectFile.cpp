@@ -50,6 +50,14 @@ Vb6ProjectFile Vb6ProjectFile::Parse(std::string_view bytes, std::string path)
     file.m_path = std::move(path);
     file.m_lines = SplitRawLines(bytes);
     file.ReadLines();
+    // Every project the IDE saves says what it builds; anything else is some
+    // other file with the extension, and documenting it would make an empty help.
+    static constexpr std::string_view kTypes[] = { "Exe", "OleDll", "OleExe", "Control" };
+    std::string type(TrimVb6(file.Value("Type")));
+    bool known = std::any_of(std::begin(kTypes), std::end(kTypes), [&](std::string_view t) { return EqualsNoCase(type, t); });
+    if (!known || bytes.find('\0') != std::string_view::npos)
+        Raise(status::kGeneralFailure, "Vb6ProjectFile.Read",
+            "The file '" + file.m_path + "' is no VB6 project: it has no line Type=Exe, OleDll, OleExe or Control.");
     return file;
 }
 

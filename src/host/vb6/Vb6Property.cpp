@@ -62,7 +62,7 @@ bool IsQuoted(std::string_view value)
 std::optional<std::string> Vb6Property::Text() const
 {
     if (Frx())
-        return std::nullopt;
+        return frxText;
     return Vb6Unquote(value);
 }
 
@@ -117,6 +117,14 @@ std::optional<Vb6FrxReference> Vb6Property::Frx() const
 }
 
 // --- Vb6PropertyList ---
+
+std::vector<Vb6PropertyGroup*> Vb6PropertyList::MutableGroups()
+{
+    std::vector<Vb6PropertyGroup*> groups;
+    for (auto& group : m_groups)
+        groups.push_back(group.get());
+    return groups;
+}
 
 const Vb6Property* Vb6PropertyList::FindProperty(std::string_view name) const
 {

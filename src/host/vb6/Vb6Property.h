@@ -34,11 +34,15 @@ struct Vb6Property {
     int line { 0 };
     // Byte at which the value starts in the file's line.
     std::size_t valueOffset { 0 };
+    // The text that an .frx reference ($"frmMain.frx":001B) stands for, once
+    // the form file has read it from there.
+    std::optional<std::string> frxText;
 
     // --- typed reads; each gives nothing when the value is not of that kind ---
 
     // The text of a quoted value with doubled quotes undone, or an unquoted value
-    // as written (Shortcut = ^O); nothing for a value kept in an .frx file.
+    // as written (Shortcut = ^O); for a value kept in an .frx file the text
+    // read from there, or nothing when it was not read.
     std::optional<std::string> Text() const;
     // A decimal number ("1455", "-74880", "8.25") or a hexadecimal one
     // ("&H8000000F&" as the 32-bit Long -2147483633, "&HFF" as 255).
@@ -61,6 +65,9 @@ public:
 
     const std::vector<Vb6Property>& Properties() const { return m_properties; }
     const std::vector<std::unique_ptr<Vb6PropertyGroup>>& Groups() const { return m_groups; }
+    // For the owner of the list, which fills in what it reads from elsewhere.
+    std::vector<Vb6Property>& MutableProperties() { return m_properties; }
+    std::vector<Vb6PropertyGroup*> MutableGroups();
 
     // The first property of that name (without regard to case), or null.
     const Vb6Property* FindProperty(std::string_view name) const;

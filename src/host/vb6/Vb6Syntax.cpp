@@ -222,14 +222,18 @@ std::string JoinRawLines(const std::vector<Vb6RawLine>& lines)
     return bytes;
 }
 
-std::string DecodeVb6(std::string_view bytes)
+std::string DecodeVb6(std::string_view bytes, std::string_view codePage)
 {
-    return IsAscii(bytes) ? std::string(bytes) : FromSystemCodePage(bytes);
+    if (IsAscii(bytes))
+        return std::string(bytes);
+    return ConvertToUtf8(bytes, codePage.empty() ? std::string_view(SystemCodePage()) : codePage);
 }
 
-std::string EncodeVb6(std::string_view text)
+std::string EncodeVb6(std::string_view text, std::string_view codePage)
 {
-    return IsAscii(text) ? std::string(text) : ToSystemCodePage(text);
+    if (IsAscii(text))
+        return std::string(text);
+    return ConvertFromUtf8(text, codePage.empty() ? std::string_view(SystemCodePage()) : codePage);
 }
 
 std::string_view TrimVb6(std::string_view text)

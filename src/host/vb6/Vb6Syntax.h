@@ -28,10 +28,11 @@ std::string JoinRawLines(const std::vector<Vb6RawLine>& lines);
 
 // --- encoding at the file edge ---
 
-// Bytes in the system code page as UTF-8 (pure ASCII is copied as it stands).
-std::string DecodeVb6(std::string_view bytes);
-// UTF-8 as bytes in the system code page.
-std::string EncodeVb6(std::string_view text);
+// Bytes in a code page (the system code page when none is named) as UTF-8;
+// pure ASCII is copied as it stands.
+std::string DecodeVb6(std::string_view bytes, std::string_view codePage = {});
+// UTF-8 as bytes in a code page (the system code page when none is named).
+std::string EncodeVb6(std::string_view text, std::string_view codePage = {});
 
 // --- small syntax ---
 

@@ -1,7 +1,7 @@
-#include "desktop/FrxFile.h"
+#include "host/vb6/FrxFile.h"
 
-#include "desktop/BmpFile.h"
-#include "desktop/cJPEG.h"
+#include <algorithm>
+
 #include "foundation/CodePage.h"
 #include "foundation/Paths.h"
 
@@ -12,6 +12,11 @@ namespace {
 constexpr std::string_view kPictureMark { "lt\0\0", 4 };
 // The class id of a standard picture, as it is stored (16 bytes).
 constexpr std::size_t kClassIdSize = 16;
+
+std::string Decode(std::string_view bytes, std::string_view codePage)
+{
+    return ConvertToUtf8(bytes, codePage.empty() ? std::string_view(SystemCodePage()) : codePage);
+}
 
 }  // namespace
 
@@ -50,7 +55,7 @@ std::optional<std::string> FrxFile::PictureBytes(std::uint32_t offset) const
     return m_bytes.substr(data, size);
 }
 
-std::optional<std::vector<std::string>> FrxFile::ListItems(std::uint32_t offset) const
+std::optional<std::vector<std::string>> FrxFile::ListItems(std::uint32_t offset, std::string_view codePage) const
 {
     std::size_t at = offset;
     if (!Has(at, 2))
@@ -68,19 +73,36 @@ std::optional<std::vector<std::string>> FrxFile::ListItems(std::uint32_t offset)
         at += 2;
         if (!Has(at, length))
             return std::nullopt;
-        items.push_back(FromSystemCodePage(std::string_view(m_bytes).substr(at, length)));
+        items.push_back(Decode(std::string_view(m_bytes).substr(at, length), codePage));
         at += length;
     }
     return items;
 }
 
-std::optional<Picture> DecodePicture(std::string_view bytes)
+std::optional<std::string> FrxFile::Text(std::uint32_t offset, std::string_view codePage) const
 {
-    if (bytes.size() >= 2 && bytes[0] == 'B' && bytes[1] == 'M')
-        return DecodeBmp(bytes);
-    if (bytes.size() >= 3 && static_cast<unsigned char>(bytes[0]) == 0xFF && static_cast<unsigned char>(bytes[1]) == 0xD8)
-        return DecodeJpeg(bytes);
-    return std::nullopt;
+    std::size_t at = offset;
+    if (!Has(at, 1))
+        return std::nullopt;
+    // A 32-bit length has a zero among its bytes; the first bytes of a
+    // one-byte length record are the length and the text, which has none.
+    std::string_view head = std::string_view(m_bytes).substr(at, std::min<std::size_t>(4, m_bytes.size() - at));
+    std::size_t length = 0;
+    if (head.size() == 4 && head.find('\0') != std::string_view::npos) {
+        length = U32(at);
+        at += 4;
+    } else if (static_cast<unsigned char>(m_bytes[at]) == 0xFF) {
+        if (!Has(at + 1, 2))
+            return std::nullopt;
+        length = U16(at + 1);
+        at += 3;
+    } else {
+        length = static_cast<unsigned char>(m_bytes[at]);
+        at += 1;
+    }
+    if (!Has(at, length))
+        return std::nullopt;
+    return Decode(std::string_view(m_bytes).substr(at, length), codePage);
 }
 
 }  // namespace scriv

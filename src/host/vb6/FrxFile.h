@@ -6,7 +6,6 @@
 #include <string_view>
 #include <vector>
 
-#include "desktop/Picture.h"
 
 // The binary companion of a form file (.frx, .ctx, .dox): values too large or
 // too binary for the text, each a record at the offset that the form file's
@@ -31,9 +30,15 @@ public:
 
     // The items of a list stored at offset (a 16-bit count, for a non-empty
     // list a 16-bit field of its own, then each item as a 16-bit length and
-    // its bytes), converted from the system code page; nothing when the record
-    // runs past the end of the file.
-    std::optional<std::vector<std::string>> ListItems(std::uint32_t offset) const;
+    // its bytes), converted from the code page (the system code page when
+    // none is named); nothing when the record runs past the end of the file.
+    std::optional<std::vector<std::string>> ListItems(std::uint32_t offset, std::string_view codePage = {}) const;
+
+    // The text stored at offset, converted from the code page (the system code
+    // page when none is named): a 32-bit length and the bytes (captions and
+    // tips), or a one-byte length, 255 standing for a 16-bit length behind it
+    // (the text of a text box). Nothing when the record runs past the end.
+    std::optional<std::string> Text(std::uint32_t offset, std::string_view codePage = {}) const;
 
 private:
     std::uint32_t U16(std::size_t at) const;
@@ -42,9 +47,5 @@ private:
 
     std::string m_bytes;
 };
-
-// The picture of image file bytes when they are a bitmap or a JPEG; nothing
-// for any other kind (GIF, icons and metafiles are left out).
-std::optional<Picture> DecodePicture(std::string_view bytes);
 
 }  // namespace scriv
