@@ -8,6 +8,7 @@
 #include "foundation/MsgBox.h"
 #include "foundation/Paths.h"
 #include "foundation/StringUtil.h"
+#include "editor/CXmlFormDescriptions.h"
 #include "model/CHelpPrjTree.h"
 #include "model/CHelpPrjTreeNode.h"
 #include "model/ITreeView.h"
@@ -19,6 +20,13 @@ namespace {
 bool IsControlLike(const CHelpPrjTreeNode* node)
 {
     return node && (node->IsControl || node->IsMenu);
+}
+
+// Two paths of one file; names compare without regard to case, as pages are
+// matched everywhere else.
+bool SamePath(const std::string& a, const std::string& b)
+{
+    return EqualsNoCase(ToNativePath(a), ToNativePath(b));
 }
 
 struct ItemDefinition {
@@ -417,6 +425,20 @@ bool CHelpPrjTreeMenu::OLEDragDrop(const std::string& sourceKey, const std::stri
 }
 
 // --- the page and the tree in step ---
+
+bool CHelpPrjTreeMenu::DocumentSaved(const std::string& path)
+{
+    CHelpPrjTreeNode* node = SelectedNode();
+    IFormDescriptions* descriptions = m_manipulator.Context().formDescriptions;
+    if (!node || !descriptions || path.empty() || !SamePath(node->GeneratedHTMLFileFullPath(), path))
+        return false;
+    bool rebuilt = false;
+    ErrorFrame("CHelpPrjTreeMenu.DocumentSaved", [&] {
+        rebuilt = RebuildControlNodesFromSavedFormHTML(*m_tree, *node, *descriptions,
+            m_manipulator.Context().useControlNames);
+    });
+    return rebuilt;
+}
 
 void CHelpPrjTreeMenu::ExpandTreeviewNodeIfCollapsed(CHelpPrjTreeNode& node)
 {

@@ -113,6 +113,9 @@ public:
     bool OLEDragDrop(const std::string& sourceKey, const std::string& targetKey);
 
     // --- the page and the tree in step ---
+    // The editor saved a page: when it is the selected form or report topic's,
+    // its control and menu nodes are rebuilt from the page. Answers whether they were.
+    bool DocumentSaved(const std::string& path);
     // The editor moved to another page (a followed link): the node of that page
     // and bookmark is selected, its parents opened. Answers whether one was found.
     bool SyncTOCTreeview(const std::string& filePath, const std::string& bookmark);

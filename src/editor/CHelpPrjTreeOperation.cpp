@@ -356,6 +356,7 @@ void CHelpPrjTreeOperation::Paste(bool withChildren, CHelpPrjTreeNode* nodeA, CH
 
     CHelpPrjTreeNode* pasted
         = CHelpPrjTreeNode::Paste(scratch.ReleaseRoot(), target, m_view, m_tree, nodeA, nodeB, flagA, flagB);
+    RestoreControlNodes(*pasted);
     if (m_view && !pasted->TreeViewNode().empty())
         m_view->Select(pasted->TreeViewNode());
     RefreshIcon(target);
@@ -364,6 +365,22 @@ void CHelpPrjTreeOperation::Paste(bool withChildren, CHelpPrjTreeNode* nodeA, CH
     m_affectedXml = TrimWhitespace(pasted->XMLSTr(1, false, true, false, ""));
     SetWorkingNode(pasted);
     m_retCode = 0;
+}
+
+void CHelpPrjTreeOperation::RestoreControlNodes(CHelpPrjTreeNode& pasted)
+{
+    IFormDescriptions* descriptions = m_context->formDescriptions;
+    if (!descriptions)
+        return;
+    std::vector<CHelpPrjTreeNode*> topics;
+    pasted.Traverse(
+        [&](CHelpPrjTreeNode& node) {
+            if (node.IsObjectTopic())
+                topics.push_back(&node);
+        },
+        false);
+    for (CHelpPrjTreeNode* topic : topics)
+        m_tree->AddControlsIfAbsent(*topic, *descriptions, m_context->useControlNames);
 }
 
 void CHelpPrjTreeOperation::PasteSpecial()
@@ -726,6 +743,7 @@ void CHelpPrjTreeOperation::UndoEntry(const CHelpPrjTreeOperation& entry)
         CHelpPrjTreeNode* next = sibling(shot.NextNodeKey());
         CHelpPrjTreeNode* restored
             = CHelpPrjTreeNode::Paste(snapshot.ReleaseRoot(), parent, m_view, m_tree, previous, next, false, false);
+        RestoreControlNodes(*restored);
         if (m_view && !restored->TreeViewNode().empty())
             m_view->Select(restored->TreeViewNode());
         RefreshIcon(parent);

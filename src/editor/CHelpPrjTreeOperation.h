@@ -119,6 +119,9 @@ private:
     CHelpPrjTreeNode* AddDocumentNode(const std::string& title, const std::string& templatePath,
         const std::string& pageFile);
     void RefreshIcon(CHelpPrjTreeNode* node) const;
+    // Gives the form topics of a pasted subtree their control and menu nodes
+    // again: the project file does not carry them.
+    void RestoreControlNodes(CHelpPrjTreeNode& pasted);
 
     ITreeView* m_view { nullptr };
     CHelpPrjTree* m_tree { nullptr };

@@ -31,7 +31,9 @@ struct TreeOperationContext {
     // The generation options that new pages and control nodes follow.
     std::string charset;
     std::string cssFullPath;
-    bool identifyControls { false };
+    // Control and menu nodes show the controls' names instead of their
+    // headings (the generation option IdentifyControls is 1).
+    bool useControlNames { false };
 
     // Writes the page of a new topic (title, heading, charset, style sheet, an
     // empty body and the browser-help script) and answers whether it was
