@@ -92,6 +92,45 @@ std::vector<std::string> SplitIndexes(const std::string& text)
     return entries;
 }
 
+void AddChildNodes(CHelpPrjTree& scratch, CHelpPrjTreeNode& parent, const pugi::xml_node& element,
+    const std::shared_ptr<pugi::xml_document>& document, int level)
+{
+    for (pugi::xml_node child : element.children()) {
+        if (child.type() != pugi::node_element)
+            continue;
+        auto node = std::make_unique<CHelpPrjTreeNode>();
+        if (!node->Build(level, &scratch, document, child))
+            continue;
+        node->SetParentNode(&parent);
+        CHelpPrjTreeNode* added = scratch.addItem(&parent, std::move(node), true);
+        AddChildNodes(scratch, *added, child, document, level + 1);
+    }
+}
+
+// A tree of one subtree's XML, as a copy, a cut or an undo snapshot holds it.
+// Unlike a project's tree it looks at no page on disk, which keeps a move as
+// quick in a project of a thousand pages as in an empty one.
+bool LoadSubtree(CHelpPrjTree& scratch, const std::string& xml)
+{
+    CXMLFile file;
+    try {
+        if (file.LoadXml(xml) != 0) {
+            Trace(kSource + std::string("LoadSubtree: ") + file.XmlParseError().Describe());
+            return false;
+        }
+    } catch (const ScrivError& error) {
+        Trace(kSource + std::string("LoadSubtree: ") + error.Description());
+        return false;
+    }
+    pugi::xml_node element = file.DocumentElement();
+    auto root = std::make_unique<CHelpPrjTreeNode>();
+    if (!root->Build(1, &scratch, file.SharedDocument(), element))
+        return false;
+    CHelpPrjTreeNode* built = scratch.SetRoot(std::move(root));
+    AddChildNodes(scratch, *built, element, file.SharedDocument(), 2);
+    return true;
+}
+
 }  // namespace
 
 std::string RefreshedNodeImage(const CHelpPrjTreeNode& node, const ITreeView& view)
@@ -347,7 +386,7 @@ void CHelpPrjTreeOperation::Paste(bool withChildren, CHelpPrjTreeNode* nodeA, CH
     CHelpPrjTreeNode* target = m_node;
 
     CHelpPrjTree scratch;
-    if (scratch.Load("", false, text) != 0 || !scratch.Root())
+    if (!LoadSubtree(scratch, text))
         return;
     if (!keepKeys)
         scratch.Root()->AssignNewKeysToAllNodesIfDuplicateInANewTree(m_tree, false);
@@ -726,8 +765,7 @@ void CHelpPrjTreeOperation::UndoEntry(const CHelpPrjTreeOperation& entry)
     }
 
     CHelpPrjTree snapshot;
-    if (entry.OperationAffectedXML().empty() || snapshot.Load("", false, entry.OperationAffectedXML()) != 0
-        || !snapshot.Root())
+    if (entry.OperationAffectedXML().empty() || !LoadSubtree(snapshot, entry.OperationAffectedXML()))
         return;
     CHelpPrjTreeNode& shot = *snapshot.Root();
 
