@@ -1,8 +1,11 @@
 #include <gtest/gtest.h>
 
+#include <filesystem>
+
 #include "editor/CHelpPrjTreeMenu.h"
 #include "editor/CXmlFormDescriptions.h"
 #include "editor/EditorFixture.h"
+#include "editor/frmHHCEntryIndexKeywords.h"
 #include "foundation/ScrivError.h"
 #include "uidesc/CXmlForm.h"
 
@@ -21,9 +24,9 @@ const char* kProject = R"(<Project Key="P" Caption="Help" GeneratedHtmlFile="Wel
 // The saved description: a menu and a button documented, a text box not yet.
 std::string FormDescription(const std::string& prefix = {})
 {
-    return R"(<Form Name="frmMain" Text="Main" HtmlFileName="frmMain.htm" NamePrefix=")" + prefix + R"(">
+    return R"(<Form Name="frmMain" Text="Main" HtmlFileName="frmMain.htm" Indexes="orders" NamePrefix=")" + prefix + R"(">
   <Menu><MenuEntry Name="mnuFile" Caption="&amp;File"/></Menu>
-  <Controls><CommandButton Name="cmdOK" Text="OK"/><TextBox Name="Text1"/></Controls>
+  <Controls><CommandButton Name="cmdOK" Text="OK" Indexes="confirm|accept"/><TextBox Name="Text1"/></Controls>
   <Documented>
     <Menus><Item  Name="mnuFile" Bmk="mnuFile" Caption="File"  IsMenu = "True"  /></Menus>
     <Controls><Item  Name="cmdOK" Bmk="cmdOK" Caption="OK"  /></Controls>
@@ -180,6 +183,38 @@ TEST_F(FormTopicControlsTest, MovingOrRestoringAFormTopicKeepsItsControlNodes)
     EXPECT_EQ(Node("D.frmMain.cmdOK"), nullptr);
     m_manipulator.Undo();
     EXPECT_EQ(TreeShape(), "P(D(D.notes,D.frmMain(D.frmMain.mnuFile,D.frmMain.cmdOK)))");
+}
+
+TEST_F(FormTopicControlsTest, IndexEntriesOfFormsAndControlsLiveInTheirDescription)
+{
+    m_tree.AddControlsIfAbsent(*m_form, m_descriptions, false);
+    std::vector<std::string> shown;
+    m_manipulator.Context().showIndexEntries = [&](frmHHCEntryIndexKeywords& dialog) {
+        shown = dialog.IndexesCollection();
+        dialog.SetTxtIndexEntry("ordering");
+        dialog.cmdAddEntry_Click();
+        dialog.cmdOK_Click();
+    };
+    Select("D.frmMain.cmdOK");
+    m_manipulator.EditIndex();
+    EXPECT_EQ(shown, (std::vector<std::string> { "confirm", "accept" }));
+    Select("D.frmMain");
+    m_manipulator.EditIndex();
+    EXPECT_EQ(shown, (std::vector<std::string> { "orders" }));
+    EXPECT_TRUE(m_tree.WasChanged());
+
+    std::unique_ptr<CXmlForm> form = m_descriptions.LoadXmlForm(*m_form);
+    ASSERT_NE(form, nullptr);
+    EXPECT_EQ(form->Indexes, "orders|ordering");
+    ASSERT_NE(form->GetControl("cmdOK"), nullptr);
+    EXPECT_EQ(form->GetControl("cmdOK")->Indexes, "confirm|accept|ordering");
+    EXPECT_TRUE(m_form->IndexesCollection().empty()) << "the topic's own keywords stay as they were";
+
+    // Without a description there is nothing to edit.
+    std::filesystem::remove(m_formPath);
+    shown.clear();
+    m_manipulator.EditIndex();
+    EXPECT_TRUE(shown.empty());
 }
 
 TEST_F(FormTopicControlsTest, LoadingWithControlsReadsThemFromTheDescriptions)

@@ -88,18 +88,5 @@ TEST_F(IndexEntriesDialogTest, UpAndDownSwapWithTheNeighbourUntilTheEnds)
     EXPECT_FALSE(m_dialog.ToggleButtons().deleteEntry);
 }
 
-TEST_F(IndexEntriesDialogTest, OnlyOkMakesTheResultValid)
-{
-    EXPECT_FALSE(m_dialog.Closed());
-    m_dialog.cmdCancel_Click();
-    EXPECT_TRUE(m_dialog.Closed());
-    EXPECT_FALSE(m_dialog.IsValid());
-    m_dialog.cmdOK_Click();
-    EXPECT_TRUE(m_dialog.IsValid());
-    m_dialog.init({});
-    EXPECT_FALSE(m_dialog.IsValid());
-    EXPECT_TRUE(m_dialog.IndexesCollection().empty());
-}
-
 }  // namespace
 }  // namespace scriv

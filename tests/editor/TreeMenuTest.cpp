@@ -131,8 +131,11 @@ TEST_F(TreeMenuTest, SpaceAndAltInsertToggleTheSkippedMarkButPlainInsertDoesNot)
     m_view.Select("C");
     EXPECT_TRUE(m_menu.KeyDown(kSpace, 0));
     EXPECT_TRUE(Node("C")->Skipped());
+    EXPECT_EQ(m_view.Image("C"), "no");
     EXPECT_TRUE(m_menu.KeyDown(kInsert, kAlt));
     EXPECT_FALSE(Node("C")->Skipped());
+    EXPECT_EQ(m_view.Image("C"), "helptopic");
+    EXPECT_EQ(m_menu.Manipulator().UndoStackLength(), 0u) << "the mark cannot be undone";
     EXPECT_FALSE(m_menu.KeyDown(kInsert, 0));
     EXPECT_FALSE(Node("C")->Skipped());
 }

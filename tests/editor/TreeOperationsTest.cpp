@@ -258,14 +258,6 @@ TEST_F(TreeOperationsTest, PasteSpecialAsksAboutChildrenAndLeavesThemOutOnNo)
     EXPECT_EQ(Node("C")->ChildCount(), 2u);
 }
 
-TEST_F(TreeOperationsTest, PasteWithAnEmptyClipboardDoesNothing)
-{
-    Select("A");
-    m_manipulator.Paste();
-    EXPECT_EQ(TreeShape(), "P(A,B(B1,B2),C)");
-    EXPECT_EQ(m_manipulator.UndoStackLength(), 0u);
-}
-
 TEST_F(TreeOperationsTest, CopyRemembersTheOriginalKeys)
 {
     Select("B1");
@@ -582,18 +574,6 @@ TEST_F(TreeOperationsTest, HhcAndXmlDescribeTheSelectedSubtree)
     EXPECT_EQ(xml.rfind("<Topic level = \"1\"", 0), 0u) << xml;
     EXPECT_NE(xml.find("key=\"B2\""), std::string::npos);
     EXPECT_EQ(xml.back(), '>');
-}
-
-TEST_F(TreeOperationsTest, ToggleSkippedFlipsTheMarkAndImageWithoutAnUndoEntry)
-{
-    Select("C");
-    m_manipulator.ToggleSkippedFlag();
-    EXPECT_TRUE(Node("C")->Skipped());
-    EXPECT_EQ(m_view.Image("C"), "no");
-    EXPECT_EQ(m_manipulator.UndoStackLength(), 0u);
-    m_manipulator.ToggleSkippedFlag();
-    EXPECT_FALSE(Node("C")->Skipped());
-    EXPECT_EQ(m_view.Image("C"), "helptopic");
 }
 
 TEST_F(TreeOperationsTest, TerminateEndsEveryLoggedOperation)

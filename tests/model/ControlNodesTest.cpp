@@ -187,13 +187,5 @@ TEST_F(ControlNodesTest, ABookmarkTakenTwiceGetsANumberedKey)
     EXPECT_EQ(ChildKeys(form), (std::vector<std::string> { "D.frmMain.mnuFile", "D.frmMain.cmdOK", "D.frmMain.cmdOK1" }));
 }
 
-TEST_F(ControlNodesTest, ObjectTopicTagsIgnoreCase)
-{
-    for (const char* tag : { "Form", "FORM", "report", "Table", "Query", "Macro", "Worksheet", "Chart" })
-        EXPECT_TRUE(CHelpPrjTree::IsObjectTopicTag(tag)) << tag;
-    for (const char* tag : { "Forms", "Label", "MenuItem", "Control", "" })
-        EXPECT_FALSE(CHelpPrjTree::IsObjectTopicTag(tag)) << tag;
-}
-
 }  // namespace
 }  // namespace scriv
