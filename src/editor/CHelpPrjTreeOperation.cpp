@@ -522,8 +522,14 @@ void CHelpPrjTreeOperation::MoveNode(const std::string& sourceKey, const std::st
 {
     m_sourceNodeKey = sourceKey;
     m_targetNodeKey = targetKey;
-    // Both ends must be there before anything is cut, so that a node is never lost.
-    if (!m_tree->MapItem(targetKey) || !SelectWorkingNode(sourceKey) || !m_parent)
+    // Both ends must be there, and the target outside the moved subtree, before
+    // anything is cut, so that a node is never lost.
+    CHelpPrjTreeNode* target = m_tree->MapItem(targetKey);
+    if (!target || !SelectWorkingNode(sourceKey) || !m_parent)
+        return;
+    bool inside = false;
+    m_node->Traverse([&](CHelpPrjTreeNode& node) { inside = inside || &node == target; }, false);
+    if (inside)
         return;
     if (m_sourceNodeParentKey.empty())
         m_sourceNodeParentKey = m_parent->Key();

@@ -378,6 +378,19 @@ TEST_F(TreeOperationsTest, AMoveKeepsTheKeysAndUndoPutsTheNodeLastUnderItsFormer
     EXPECT_EQ(TreeShape(), "P(A,B(B2,B1),C)");
 }
 
+TEST_F(TreeOperationsTest, AMoveIntoItsOwnSubtreeNeverCutsTheNode)
+{
+    // As an undo might ask it, past the manipulator's own check.
+    CHelpPrjTreeOperation move;
+    move.init(&m_view, &m_tree, "", m_context);
+    CHelpPrjTreeOperation::UndoStack stack;
+    std::string parameter;
+    bool result = false;
+    EXPECT_EQ(move.ExecuteOperation("MoveNode", stack, "B", "B1", "P", parameter, result),
+        CHelpPrjTreeOperation::kNotDone);
+    EXPECT_EQ(TreeShape(), "P(A,B(B1,B2),C)");
+}
+
 TEST_F(TreeOperationsTest, AControlCanNeitherBeMovedNorBeATarget)
 {
     Node("B2")->IsControl = true;
