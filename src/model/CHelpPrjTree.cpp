@@ -119,6 +119,11 @@ std::uint32_t CHelpPrjTree::BuildXmlNodes(int level, std::shared_ptr<pugi::xml_d
         built = addItem(parent, std::move(node), true, nullptr, nullptr, true, false, false);
     }
     BuildTimeTotal += SecondsSince(started);
+    if (addControls && m_formDescriptions && IsObjectTopicTag(built->Tag())) {
+        auto adding = std::chrono::steady_clock::now();
+        AddControls(*built, level, *m_formDescriptions, m_useControlNames);
+        AddControlsTimeTotal += SecondsSince(adding);
+    }
 
     std::uint32_t firstFailure = 0;
     for (pugi::xml_node child : element.children()) {

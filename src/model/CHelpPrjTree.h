@@ -15,6 +15,8 @@ namespace scriv {
 class CHelpPrjCheckSums;
 class CHelpPrjFileCheckSum;
 class IClassFactory;
+class IFormDescriptions;
+struct DocumentedControls;
 class IHelpPrjSourceProject;
 class ITreeView;
 
@@ -113,6 +115,26 @@ public:
     // Every node tagged Form, Report, Table, Query, Macro, Worksheet or Chart.
     std::vector<CHelpPrjTreeNode*> ObjectNodes() const;
 
+    // --- control and menu nodes of form topics ---
+    // Adds under a topic one node per documented menu, then per documented
+    // control: tag "MenuItem" or "Control", key = topic key + "." + bookmark
+    // name, caption (or, with useControlNames, the control's name), the topic's
+    // page with the anchor as bookmark, the mark IsMenu or IsControl, level + 1.
+    // Nodes are shown when the topic is. Answers the number added.
+    int AddControls(CHelpPrjTreeNode& node, int level, const DocumentedControls& controls, bool useControlNames);
+    // The same with the controls that the saved description of the topic
+    // documents, read again from its page first; 0 without a description.
+    int AddControls(CHelpPrjTreeNode& node, int level, IFormDescriptions& descriptions, bool useControlNames);
+    // Rebuilds the control and menu nodes of a topic whose description
+    // documents some while the node has none; answers whether it did.
+    bool AddControlsIfAbsent(CHelpPrjTreeNode& node, IFormDescriptions& descriptions, bool useControlNames);
+    // The descriptions that Load reads control nodes from when it is asked to
+    // add them; without any, Load adds none. They must outlive the loads.
+    void SetFormDescriptions(IFormDescriptions* descriptions, bool useControlNames);
+    // Form, Report, Table, Query, Macro, Worksheet or Chart, in any case: the
+    // tags of topics that may have control nodes.
+    static bool IsObjectTopicTag(std::string_view tag);
+
     // --- display ---
     ITreeView* TreeView() const { return m_treeView; }
     void DisplayInTreeview(ITreeView* view);
@@ -141,6 +163,8 @@ private:
 
     std::unique_ptr<CHelpPrjTreeNode> m_root;
     std::unique_ptr<CHelpPrjCheckSums> m_checkSums;
+    IFormDescriptions* m_formDescriptions { nullptr };
+    bool m_useControlNames { false };
     KeyedCollection<CHelpPrjTreeNode*> m_map;
     ITreeView* m_treeView { nullptr };
     bool m_newHtmlHelpProject { false };
