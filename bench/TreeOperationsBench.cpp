@@ -11,7 +11,7 @@
 #include "foundation/AppFolders.h"
 #include "foundation/Paths.h"
 #include "foundation/ScriptedUserInterface.h"
-#include "generation/CScrivantParameters.h"
+#include "model/CScrivantParameters.h"
 #include "host/CFakeHostContext.h"
 #include "model/CAddInProjects.h"
 #include "model/CHeadlessTreeView.h"

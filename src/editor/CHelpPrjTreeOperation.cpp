@@ -13,6 +13,7 @@
 #include "foundation/Paths.h"
 #include "foundation/ScrivError.h"
 #include "foundation/StringUtil.h"
+#include "generation/ContentsFiles.h"
 #include "model/CHelpPrjTree.h"
 #include "model/CHelpPrjTreeNode.h"
 #include "model/IFormDescriptions.h"
@@ -732,7 +733,7 @@ void CHelpPrjTreeOperation::MakeHHCAndXml()
 {
     if (!m_node)
         return;
-    HHCStr = m_node->HHCStr(1, true, false);
+    HHCStr = scriv::HHCStr(*m_node, 1, true, false);
     XMLSTr = WorkingSubtreeXml();
     m_retCode = 0;
 }
