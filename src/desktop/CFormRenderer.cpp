@@ -359,9 +359,11 @@ void CFormRenderer::PaintChildren(ClassicPainter& painter, const Node& node, int
     RenderedForm& out)
 {
     // Labels, images, shapes and lines are drawn on their container, under
-    // the controls that are windows of their own.
+    // the controls that are windows of their own. A form file lists controls
+    // from the top of the pile down, so the last one is drawn first.
     for (bool lightweightPass : { true, false }) {
-        for (const auto& child : node.children) {
+        for (auto it = node.children.rbegin(); it != node.children.rend(); ++it) {
+            const auto& child = *it;
             if (!ShouldPaint(node, *child, lightweightPass))
                 continue;
             ControlView view = MakeView(node, *child, originX, originY);

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <cairo.h>
+#include <fontconfig/fontconfig.h>
 #include <pango/pangocairo.h>
 
 #include "desktop/SystemColours.h"
@@ -79,6 +80,8 @@ public:
         MnemonicText parsed = mnemonic ? ParseMnemonic(text) : MnemonicText { text };
         pango_layout_set_text(m_layout, parsed.text.c_str(), static_cast<int>(parsed.text.size()));
         PangoAttrList* attributes = pango_attr_list_new();
+        // Windows breaks lines between words only and never adds a hyphen.
+        pango_attr_list_insert(attributes, pango_attr_insert_hyphens_new(FALSE));
         if (font.underline)
             pango_attr_list_insert(attributes, pango_attr_underline_new(PANGO_UNDERLINE_SINGLE));
         if (font.strikethrough)
@@ -108,15 +111,57 @@ private:
     PangoLayout* m_layout;
 };
 
+// Wine's outline versions of the Windows system faces are not among the
+// fonts of the system; the program adds them for itself once. Their bitmap
+// siblings in the same folder are left out: the text layout cannot use them.
+void RegisterWindowsFaces()
+{
+    static const bool registered = [] {
+        static constexpr const char* kFolder = "/usr/share/wine/fonts/";
+        static constexpr const char* kFaces[] = { "ms_sans_serif.ttf", "tahoma.ttf", "tahomabd.ttf", "small_fonts.ttf",
+            "system.ttf", "fixedsys.ttf", "marlett.ttf", "symbol.ttf", "wingding.ttf", "webdings.ttf" };
+        FcConfig* config = FcConfigGetCurrent();
+        bool any = false;
+        for (const char* face : kFaces) {
+            std::string path = std::string(kFolder) + face;
+            any = FcConfigAppFontAddFile(config, reinterpret_cast<const FcChar8*>(path.c_str())) || any;
+        }
+        return any;
+    }();
+    (void)registered;
+}
+
 }  // namespace
 
 std::string StandInFamily(const std::string& windowsFamily)
 {
+    // Faces whose widths match the Windows ones, so that a caption that fits
+    // its control on Windows fits in the picture: Wine's for the system faces,
+    // Liberation for the core fonts.
+    static const std::array<std::pair<const char*, const char*>, 14> exact { {
+        { "ms sans serif", "MS Sans Serif" },
+        { "microsoft sans serif", "MS Sans Serif" },
+        { "ms shell dlg", "MS Sans Serif" },
+        { "tahoma", "Tahoma" },
+        { "ms shell dlg 2", "Tahoma" },
+        { "small fonts", "Small Fonts" },
+        { "system", "System" },
+        { "fixedsys", "Fixedsys" },
+        { "marlett", "Marlett" },
+        { "symbol", "Symbol" },
+        { "wingdings", "Wingdings" },
+        { "webdings", "Webdings" },
+        { "arial", "Liberation Sans" },
+        { "helvetica", "Liberation Sans" },
+    } };
     static const std::array<const char*, 9> serif { "times new roman", "times", "georgia", "garamond", "book antiqua",
         "century schoolbook", "bookman old style", "palatino linotype", "serif" };
-    static const std::array<const char*, 8> mono { "courier new", "courier", "lucida console", "fixedsys",
-        "terminal", "consolas", "lucida sans typewriter", "monospace" };
+    static const std::array<const char*, 7> mono { "courier new", "courier", "lucida console", "terminal", "consolas",
+        "lucida sans typewriter", "monospace" };
     std::string name = ToLower(Trim(windowsFamily));
+    for (const auto& [windows, standIn] : exact)
+        if (name == windows)
+            return standIn;
     for (const char* family : serif)
         if (name == family)
             return "Liberation Serif";
@@ -133,7 +178,7 @@ std::string StripMnemonic(const std::string& text)
 
 ClassicPainter::ClassicPainter(cairo_t* cr)
     : m_cr(cr)
-    , m_pango(pango_cairo_create_context(cr))
+    , m_pango((RegisterWindowsFaces(), pango_cairo_create_context(cr)))
 {
     pango_cairo_context_set_resolution(m_pango, kDotsPerInch);
     cairo_font_options_t* options = cairo_font_options_create();
@@ -358,7 +403,7 @@ PixelRect ClassicPainter::MeasureText(const std::string& text, const FontSpec& f
     Layout layout(m_pango, text, font, mnemonic);
     if (wrapWidth > 0) {
         pango_layout_set_width(layout.Get(), wrapWidth * PANGO_SCALE);
-        pango_layout_set_wrap(layout.Get(), PANGO_WRAP_WORD_CHAR);
+        pango_layout_set_wrap(layout.Get(), PANGO_WRAP_WORD);
     }
     PixelRect extents = layout.Extents();
     return { 0, 0, extents.width, extents.height };
@@ -386,7 +431,7 @@ void ClassicPainter::DrawTextAt(const PixelRect& box, const std::string& text, c
     PangoLayout* pango = layout.Get();
     if (style.wrap || style.ellipsis) {
         pango_layout_set_width(pango, box.width * PANGO_SCALE);
-        pango_layout_set_wrap(pango, PANGO_WRAP_WORD_CHAR);
+        pango_layout_set_wrap(pango, PANGO_WRAP_WORD);
         if (style.ellipsis)
             pango_layout_set_ellipsize(pango, PANGO_ELLIPSIZE_END);
         PangoAlignment alignment = style.hAlign == HAlign::Center
@@ -409,9 +454,12 @@ void ClassicPainter::DrawTextAt(const PixelRect& box, const std::string& text, c
         y = box.Bottom() - extents.height;
     SetColour(m_cr, colour);
     // A layout with a width places its lines itself; the extents say where.
+    // What does not fit is cut off at the edge of the box, as Windows clips.
     bool laidOut = style.wrap || style.ellipsis;
+    PushClip(box);
     cairo_move_to(m_cr, laidOut ? box.left : x - extents.left, y);
     pango_cairo_show_layout(m_cr, pango);
+    PopClip();
 }
 
 }  // namespace scriv

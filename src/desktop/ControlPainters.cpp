@@ -29,7 +29,9 @@ void PaintLabel(ClassicPainter& painter, const ControlView& view)
     PixelRect text = BoxBorder(painter, view.rect, view.threeD, Int(block, "BorderStyle", 0) == 1);
     TextStyle style;
     style.hAlign = AlignmentOf(Int(block, "Alignment", 0));
-    style.wrap = true;
+    // A label breaks its caption into lines when it is told to, or when it
+    // has room for more than one line; otherwise the caption is cut off.
+    style.wrap = block.Boolean("WordWrap", false) || text.height >= 2 * LineHeight(painter, view.font);
     style.mnemonic = block.Boolean("UseMnemonic", true);
     style.disabled = !view.enabled;
     painter.PushClip(text);
@@ -102,7 +104,6 @@ void PaintButtonFace(ClassicPainter& painter, const ControlView& view, bool pres
     TextStyle style;
     style.hAlign = HAlign::Center;
     style.vAlign = graphical && view.picture ? VAlign::Bottom : VAlign::Middle;
-    style.wrap = true;
     style.disabled = !view.enabled;
     painter.PushClip(content);
     painter.DrawText(content, caption, view.font, ColourProperty(*view.block, "ForeColor", SystemColourValue(kButtonText)), style);
@@ -175,7 +176,6 @@ void PaintCheckOrOption(ClassicPainter& painter, const ControlView& view, bool o
                               : PixelRect { box.Right() + 4, view.rect.top, view.rect.Right() - box.Right() - 4, view.rect.height };
     TextStyle style;
     style.vAlign = VAlign::Middle;
-    style.wrap = true;
     style.disabled = !view.enabled;
     painter.PushClip(text);
     painter.DrawText(text, block.Text("Caption"), view.font, Fore(view, kButtonText), style);
