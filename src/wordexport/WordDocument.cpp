@@ -188,6 +188,8 @@ int IntAttribute(const pugi::xml_node& node, const char* name, int fallback)
 void AddAbstractNumbering(pugi::xml_node numbering, int id, bool ordered)
 {
     pugi::xml_node before = numbering.child("w:num");
+    if (!before)
+        before = numbering.child("w:numIdMacAtCleanup");
     pugi::xml_node abstract
         = before ? numbering.insert_child_before("w:abstractNum", before) : numbering.append_child("w:abstractNum");
     abstract.append_attribute("w:abstractNumId") = id;
@@ -269,9 +271,18 @@ void WordDocument::EnsureUpdateFieldsSetting(pugi::xml_document& settings) const
     pugi::xml_node root = settings.document_element();
     pugi::xml_node update = root.child("w:updateFields");
     if (!update) {
-        // The schema puts it before the default tab stop; first place is before that.
-        update = root.first_child() ? root.insert_child_before("w:updateFields", root.first_child())
-                                    : root.append_child("w:updateFields");
+        // The schema wants it in front of these, and behind every other setting.
+        static const char* later[] = { "w:hdrShapeDefaults", "w:footnotePr", "w:endnotePr", "w:compat", "w:docVars",
+            "w:rsids", "m:mathPr", "w:attachedSchema", "w:themeFontLang", "w:clrSchemeMapping",
+            "w:doNotIncludeSubdocsInStats", "w:doNotAutoCompressPictures", "w:forceUpgrade", "w:captions",
+            "w:readModeInkLockDown", "w:smartTagType", "sl:schemaLibrary", "w:shapeDefaults",
+            "w:doNotEmbedSmartTags", "w:decimalSymbol", "w:listSeparator" };
+        pugi::xml_node before;
+        for (pugi::xml_node child = root.first_child(); child && !before; child = child.next_sibling())
+            for (const char* name : later)
+                if (IsNamed(child, name))
+                    before = child;
+        update = before ? root.insert_child_before("w:updateFields", before) : root.append_child("w:updateFields");
     }
     if (!update.attribute("w:val"))
         update.append_attribute("w:val");
@@ -579,7 +590,8 @@ int WordDocument::NewListNumbering(bool ordered, int level, int start)
         AddAbstractNumbering(root, abstract, ordered);
     }
     int id = ++m_lastNumId;
-    pugi::xml_node num = root.append_child("w:num");
+    pugi::xml_node cleanup = root.child("w:numIdMacAtCleanup");
+    pugi::xml_node num = cleanup ? root.insert_child_before("w:num", cleanup) : root.append_child("w:num");
     num.append_attribute("w:numId") = id;
     num.append_child("w:abstractNumId").append_attribute("w:val") = abstract;
     if (ordered) {

@@ -204,5 +204,31 @@ TEST(WordDocument, ATemplateWithoutSettingsOrNumberingGetsThem)
     EXPECT_FALSE(body.select_node("//w:t[text()='old']"));
 }
 
+TEST(WordDocument, KeepsTheSchemasOrderInTheTemplatesOwnSettingsAndNumbering)
+{
+    OoxmlPackage parts = TemplateParts();
+    parts.SetPart("word/settings.xml",
+        "<w:settings xmlns:w=\"w\"><w:defaultTabStop w:val=\"720\"/><w:compat/><w:rsids/></w:settings>");
+    parts.SetPart("word/numbering.xml",
+        "<w:numbering xmlns:w=\"w\"><w:num w:numId=\"4\"><w:abstractNumId w:val=\"9\"/></w:num>"
+        "<w:numIdMacAtCleanup w:val=\"0\"/></w:numbering>");
+    WordDocument document(std::move(parts));
+    AppendPage(document, "<ol><li>one</li></ol>");
+    OoxmlPackage saved = document.Package();
+    pugi::xml_document settings, numbering;
+    LoadPart(saved, "word/settings.xml", settings);
+    LoadPart(saved, "word/numbering.xml", numbering);
+    std::vector<std::string> order;
+    for (pugi::xml_node child : settings.document_element().children())
+        order.emplace_back(child.name());
+    EXPECT_EQ(order, (std::vector<std::string> { "w:defaultTabStop", "w:updateFields", "w:compat", "w:rsids" }));
+    order.clear();
+    for (pugi::xml_node child : numbering.document_element().children())
+        order.emplace_back(child.name());
+    EXPECT_EQ(order, (std::vector<std::string> { "w:abstractNum", "w:num", "w:num", "w:numIdMacAtCleanup" }));
+    // The new instance does not take the number of the template's own.
+    EXPECT_STREQ(numbering.select_node("//w:num[2]").node().attribute("w:numId").value(), "5");
+}
+
 }  // namespace
 }  // namespace scriv::test
