@@ -1,10 +1,10 @@
 #include "wordexport/clsMSWordExport.h"
 
 #include <algorithm>
+#include <optional>
 
 #include "foundation/AppFolders.h"
 #include "foundation/CTraceLog.h"
-#include "foundation/CUTF8File.h"
 #include "foundation/ErrorMessage.h"
 #include "foundation/IUserInterface.h"
 #include "foundation/Paths.h"
@@ -157,12 +157,12 @@ std::uint32_t clsMSWordExport::RunExport(clsMSWordExportFiles& files, const Word
             continue;
         if (Cancelled())
             return kCancelled;
-        CUTF8FileReader reader;
-        if (reader.LoadFile(copy) != 0) {
+        std::optional<std::string> text = ReadFileText(copy);
+        if (!text) {
             Trace("clsMSWordExport.Export: left out, the page could not be read: '" + file.FullPath() + "'");
             continue;
         }
-        std::unique_ptr<HtmlDocument> page = HtmlDocument::Parse(reader.Text());
+        std::unique_ptr<HtmlDocument> page = HtmlDocument::Parse(*text);
         HtmlToWordmlOptions options;
         options.pageFolder = FolderOf(file.FullPath());
         options.pageAnchor = file.FileNameNoExt();

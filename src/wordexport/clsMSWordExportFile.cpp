@@ -275,8 +275,10 @@ bool clsMSWordExportFile::SaveFile() const
 {
     if (!m_document)
         return false;
+    // The copy is UTF-8 whatever the page declares, so that no character is lost
+    // on the way; only the export reads it.
     std::string html = RemoveScriptBlocks(SerializeHtml(*m_document));
-    return WriteTextFile(RefactoredFullPath(), html);
+    return WriteUtf8File(RefactoredFullPath(), html);
 }
 
 void clsMSWordExportFile::Terminate()

@@ -53,8 +53,8 @@ public:
     // that the generator writes. Only such a heading that starts with text or
     // a link is rewritten.
     void RefactorHeadings(const std::unordered_map<std::string, std::string>& exportedFiles);
-    // Writes the loaded page as its copy, every "<script" ... "</script>" block
-    // cut out; false when it cannot be written.
+    // Writes the loaded page as its copy in UTF-8, every "<script" ...
+    // "</script>" block cut out; false when it cannot be written.
     bool SaveFile() const;
     // Drops the loaded page; a second call does nothing.
     void Terminate();

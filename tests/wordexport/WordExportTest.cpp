@@ -236,6 +236,20 @@ TEST_F(WordExportTest, ExportsEveryTopicAtItsDepthAndLeavesThePagesAsTheyWere)
     }
 }
 
+TEST_F(WordExportTest, PagesInACodePageKeepEveryCharacter)
+{
+    // "Preis: 5 " then the euro sign in windows-1252, and a character that page cannot hold, as an entity.
+    m_project.Write("Welcome.htm", "<html><head><meta http-equiv=\"Content-Type\" content=\"text/html; "
+                                   "charset=windows-1252\"></head><body><h1>Preise</h1><p>Preis: 5 \x80 &#x4E2D;</p>"
+                                   "</body></html>");
+    CHelpPrjTreeNode& root = Load(WriteProject("<Project Name=\"Help\" GeneratedHtmlFile=\"Welcome.htm\"/>"));
+    std::string target = m_project / "Cp.docx";
+    clsMSWordExport exporter(*m_ui);
+    ASSERT_EQ(exporter.Export(root, Project(), target, false, true), 0u);
+    const std::string& xml = *OoxmlPackage::Open(target).Part("word/document.xml");
+    EXPECT_NE(xml.find("Preis: 5 \u20AC \u4E2D"), std::string::npos);
+}
+
 TEST_F(WordExportTest, ALongExportIsSavedEveryFiftyPagesAndACancelKeepsWhatWasSaved)
 {
     std::string nodes = "<Project Name=\"Help\">";
