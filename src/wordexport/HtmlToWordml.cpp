@@ -20,6 +20,7 @@
 #include "htmldom/HtmlElement.h"
 #include "htmldom/HtmlNames.h"
 #include "htmldom/HtmlTreeWalk.h"
+#include "wordexport/UriText.h"
 #include "wordexport/WordDocument.h"
 
 namespace scriv {
@@ -87,41 +88,6 @@ std::string CollapseWhiteSpace(std::string_view text)
             out += ' ';
         space = false;
         out += c;
-    }
-    return out;
-}
-
-std::string PercentDecode(std::string_view text)
-{
-    std::string out;
-    for (std::size_t i = 0; i < text.size(); ++i) {
-        if (text[i] == '%' && i + 2 < text.size() && std::isxdigit(static_cast<unsigned char>(text[i + 1]))
-            && std::isxdigit(static_cast<unsigned char>(text[i + 2]))) {
-            out += static_cast<char>(std::stoi(std::string(text.substr(i + 1, 2)), nullptr, 16));
-            i += 2;
-        } else
-            out += text[i];
-    }
-    return out;
-}
-
-// A link target as a relationship holds it: blanks and characters outside
-// ASCII percent-encoded, the rest as written.
-std::string UriForRelationship(std::string_view href)
-{
-    static const char* hex = "0123456789ABCDEF";
-    std::string out;
-    for (unsigned char c : href) {
-        if (c <= 0x20 || c >= 0x7F || c == '"' || c == '<' || c == '>' || c == '\\') {
-            if (c == '\\') {
-                out += '/';
-                continue;
-            }
-            out += '%';
-            out += hex[c >> 4];
-            out += hex[c & 15];
-        } else
-            out += static_cast<char>(c);
     }
     return out;
 }

@@ -9,6 +9,7 @@
 #include "foundation/Paths.h"
 #include "foundation/ScrivError.h"
 #include "foundation/StringUtil.h"
+#include "wordexport/UriText.h"
 
 namespace scriv {
 
@@ -161,22 +162,6 @@ std::optional<FieldRuns> LocateField(pugi::xml_node instrText, const pugi::xml_n
     if (!field.end)
         return std::nullopt;
     return field;
-}
-
-std::string FileUrl(const std::string& path)
-{
-    static const char* hex = "0123456789ABCDEF";
-    std::string url = "file://";
-    for (unsigned char c : path) {
-        if (std::isalnum(c) || c == '/' || c == '-' || c == '_' || c == '.' || c == '~')
-            url += static_cast<char>(c);
-        else {
-            url += '%';
-            url += hex[c >> 4];
-            url += hex[c & 15];
-        }
-    }
-    return url;
 }
 
 int IntAttribute(const pugi::xml_node& node, const char* name, int fallback)

@@ -12,6 +12,7 @@
 #include "htmldom/HtmlNames.h"
 #include "htmldom/HtmlSerializer.h"
 #include "htmldom/HtmlTreeWalk.h"
+#include "wordexport/UriText.h"
 
 namespace scriv {
 
@@ -46,20 +47,6 @@ std::string FormNameOf(const HtmlDocument& document)
         if (EqualsNoCase(meta->getAttribute("name"), "SCRIVANT-FORM-NAME"))
             return TrimWhitespace(meta->getAttribute("content"));
     return {};
-}
-
-std::string PercentDecode(std::string_view text)
-{
-    std::string out;
-    for (std::size_t i = 0; i < text.size(); ++i) {
-        if (text[i] == '%' && i + 2 < text.size() && std::isxdigit(static_cast<unsigned char>(text[i + 1]))
-            && std::isxdigit(static_cast<unsigned char>(text[i + 2]))) {
-            out += static_cast<char>(std::stoi(std::string(text.substr(i + 1, 2)), nullptr, 16));
-            i += 2;
-        } else
-            out += text[i];
-    }
-    return out;
 }
 
 // The lower-case file name a link points to on this machine, or "" for a

@@ -3,6 +3,7 @@
 #include <string>
 
 #include "foundation/CTraceLog.h"
+#include "wordexport/UriText.h"
 #include "wordexport/WordTestSupport.h"
 
 namespace scriv::test {
@@ -244,6 +245,16 @@ TEST(HtmlToWordml, ExternalLinksBecomeRelationshipsAndScriptLinksPlainText)
     };
     EXPECT_EQ(target(ids[0]), "http://example.com/a%20b");
     EXPECT_EQ(target(ids[2]), "Other.htm#x");
+}
+
+TEST(UriText, DecodesAndEncodesAddresses)
+{
+    EXPECT_EQ(PercentDecode("a%20b%2Fc"), "a b/c");
+    EXPECT_EQ(PercentDecode("100%"), "100%");
+    EXPECT_EQ(PercentDecode("%zz%4"), "%zz%4");
+    EXPECT_EQ(UriForRelationship("dir\\my page.htm#x"), "dir/my%20page.htm#x");
+    EXPECT_EQ(UriForRelationship("caf\xC3\xA9.htm"), "caf%C3%A9.htm");
+    EXPECT_EQ(FileUrl("/tmp/my help/a&b.png"), "file:///tmp/my%20help/a%26b.png");
 }
 
 // --- what has no place in Word ---
