@@ -191,22 +191,12 @@ void clsMSWordExportFile::RefactorHeadings(const std::unordered_map<std::string,
     };
     std::vector<Found> headings;
     int sectionDepth = 0;
+    // The exclusion is decided on the page as it was read, before anything moves.
     WalkHtmlTree(static_cast<HtmlNode&>(*body), [&](HtmlNode& node) {
         sectionDepth = std::max(0, sectionDepth + SectionMarker(node));
         HtmlElement* element = node.asElement();
         if (element && IsHeadingElement(*element))
-            headings.push_back({ element, false });
-        return true;
-    });
-    // The exclusion is decided on the page as it was read.
-    sectionDepth = 0;
-    std::size_t next = 0;
-    WalkHtmlTree(static_cast<HtmlNode&>(*body), [&](HtmlNode& node) {
-        sectionDepth = std::max(0, sectionDepth + SectionMarker(node));
-        if (next < headings.size() && &node == headings[next].heading) {
-            headings[next].excluded = IsExcludedHeading(*headings[next].heading, sectionDepth > 0, formName);
-            ++next;
-        }
+            headings.push_back({ element, IsExcludedHeading(*element, sectionDepth > 0, formName) });
         return true;
     });
 
