@@ -4,6 +4,7 @@
 
 #include "cli/CliSession.h"
 #include "cli/DescribeCommand.h"
+#include "cli/ExportWordCommand.h"
 #include "cli/GenerateCommands.h"
 #include "cli/ScreenshotCommand.h"
 #include "cli/ProjectCommands.h"
@@ -107,6 +108,16 @@ int main(int argc, char** argv)
         "Leave out controls that are invisible while the program runs");
     screenshotCommand->add_option("--quality", screenshot.quality, "JPEG quality, 1 to 100")->check(CLI::Range(1, 100));
 
+    ExportWordOptions exportWord;
+    CLI::App* exportWordCommand
+        = app.add_subcommand("export-word", "Export a help project as one Word document (.docx) with a table of contents");
+    exportWordCommand->add_option("PROJECT", exportWord.project, "The help project file (.svp)")->required();
+    exportWordCommand->add_option("--out", exportWord.out,
+        "The document to write (default: PROJECT's folder, its name and \" documentation.docx\")");
+    exportWordCommand->add_flag("--link-pictures", exportWord.linkPictures,
+        "Link the pictures to their files instead of storing them in the document");
+    exportWordCommand->add_flag("--pdf", exportWord.pdf, "Also make a PDF beside the document (needs LibreOffice)");
+
     try {
         app.parse(argc, argv);
     } catch (const CLI::ParseError& error) {
@@ -152,6 +163,8 @@ int main(int argc, char** argv)
         return RunSettings(global, getOption, setOption);
     if (newCommand->parsed())
         return RunNew(global, newHost);
+    if (exportWordCommand->parsed())
+        return RunExportWord(global, exportWord);
     std::cout << app.help();
     return exitcode::kDone;
 }
