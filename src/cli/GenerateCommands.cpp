@@ -28,6 +28,14 @@ namespace scriv {
 
 namespace {
 
+// The settings' name of a picture format given on the command line.
+std::string SnapshotFormatOption(const std::string& images)
+{
+    if (EqualsNoCase(images, "bmp"))
+        return "Bitmap";
+    return EqualsNoCase(images, "png") ? "Png" : "Jpeg";
+}
+
 std::string Absolute(const std::string& path)
 {
     if (path.empty() || IsAbsolutePath(path))
@@ -123,7 +131,7 @@ int RunGenerateSource(const GlobalOptions& global, const SourceGenerateOptions& 
         if (!options.out.empty())
             data.OverrideOption("FolderForGeneratedHelp", OptionValue::Text(AddBackslash(Absolute(options.out))));
         if (!options.images.empty())
-            data.OverrideOption("SnapshotFormat", OptionValue::Text(EqualsNoCase(options.images, "bmp") ? "Bitmap" : "Jpeg"));
+            data.OverrideOption("SnapshotFormat", OptionValue::Text(SnapshotFormatOption(options.images)));
         if (options.noCompile)
             data.OverrideOption("CompileHTMLHelp", OptionValue::Bool(false));
         if (options.open)

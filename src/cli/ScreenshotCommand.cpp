@@ -9,6 +9,7 @@
 #include "desktop/BmpFile.h"
 #include "desktop/CFormRenderer.h"
 #include "desktop/CW_IDEVB6Context.h"
+#include "desktop/PngFile.h"
 #include "desktop/cJPEG.h"
 #include "foundation/Paths.h"
 #include "foundation/ScrivError.h"
@@ -19,7 +20,7 @@
 namespace scriv {
 namespace {
 
-enum class PictureKind { Bitmap, Jpeg };
+enum class PictureKind { Bitmap, Jpeg, Png };
 
 std::optional<PictureKind> KindOf(const std::string& path)
 {
@@ -28,6 +29,8 @@ std::optional<PictureKind> KindOf(const std::string& path)
         return PictureKind::Bitmap;
     if (extension == ".jpg" || extension == ".jpeg")
         return PictureKind::Jpeg;
+    if (extension == ".png")
+        return PictureKind::Png;
     return std::nullopt;
 }
 
@@ -54,8 +57,8 @@ CW_IDEVB6Context::Component* FindForm(CW_IDEVB6Context& host, const std::string&
 
 bool WritePicture(const Picture& picture, PictureKind kind, const ScreenshotCommandOptions& options)
 {
-    if (kind == PictureKind::Bitmap) {
-        if (WriteBmpFile(picture, options.out))
+    if (kind != PictureKind::Jpeg) {
+        if (kind == PictureKind::Bitmap ? WriteBmpFile(picture, options.out) : WritePngFile(picture, options.out))
             return true;
         std::cerr << "scrivant: cannot write '" << options.out << "'.\n";
         return false;
@@ -75,7 +78,7 @@ int RunScreenshot(const GlobalOptions& global, const ScreenshotCommandOptions& o
 {
     std::optional<PictureKind> kind = KindOf(options.out);
     if (!kind) {
-        std::cerr << "scrivant: '" << options.out << "': the picture must be a .bmp or .jpg file.\n";
+        std::cerr << "scrivant: '" << options.out << "': the picture must be a .png, .bmp or .jpg file.\n";
         return exitcode::kUsage;
     }
     std::map<std::string, int> pages;

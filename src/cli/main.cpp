@@ -38,8 +38,8 @@ int main(int argc, char** argv)
         "Generate the plain topics of a contents document (XML) instead of an application");
     generateCommand->add_option("--out", generate.out,
         "Folder to write the help project into (default for SOURCE: the CHM folder beside the application)");
-    generateCommand->add_option("--images", fromSource.images, "Screenshots as jpg or bmp")
-        ->check(CLI::IsMember({ "jpg", "bmp" }));
+    generateCommand->add_option("--images", fromSource.images, "Screenshots as png, jpg or bmp")
+        ->check(CLI::IsMember({ "png", "jpg", "bmp" }));
     generateCommand->add_flag("--no-compile", fromSource.noCompile, "Do not run the help compiler");
     generateCommand->add_flag("--open", fromSource.open, "Open the compiled help when it is made");
     generateCommand->add_option("--host", generate.host,

@@ -5,6 +5,7 @@
 #include <cstring>
 
 #include "desktop/BmpFile.h"
+#include "desktop/PngFile.h"
 #include "desktop/cJPEG.h"
 
 namespace scriv {
@@ -124,6 +125,8 @@ std::optional<Picture> DecodePicture(std::string_view bytes)
         return DecodeBmp(bytes);
     if (bytes.size() >= 3 && static_cast<unsigned char>(bytes[0]) == 0xFF && static_cast<unsigned char>(bytes[1]) == 0xD8)
         return DecodeJpeg(bytes);
+    if (bytes.size() >= 8 && bytes.substr(1, 3) == "PNG")
+        return DecodePng(bytes);
     return std::nullopt;
 }
 

@@ -65,8 +65,8 @@ private:
     std::vector<std::uint8_t> m_bytes;
 };
 
-// The picture of image file bytes when they are a bitmap or a JPEG; nothing
-// for any other kind (GIF, icons and metafiles are left out).
+// The picture of image file bytes when they are a bitmap, a JPEG or a PNG;
+// nothing for any other kind (GIF, icons and metafiles are left out).
 std::optional<Picture> DecodePicture(std::string_view bytes);
 
 }  // namespace scriv

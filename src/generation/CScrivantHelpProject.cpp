@@ -103,7 +103,7 @@ std::string CScrivant::HHPText()
         text += topic + kEol;
     std::string images = RemoveBackslash(parameters.NameOfFolderForGeneratedImages());
     std::string imagesFolder = folder + images + "/";
-    for (const char* extension : { ".bmp", ".jpg" })
+    for (const char* extension : { ".bmp", ".jpg", ".png" })
         for (const std::string& picture : SortedFiles(imagesFolder, extension))
             text += images + "\\" + picture + kEol;
     text += "[ALIAS]" + kEol;

@@ -92,7 +92,8 @@ void CAddInSettings::Load(const ISettings& settings, bool withProjectFields)
     p.RegistrationURL = text("Registration");
     std::string identifyBy = text("IdentifyBy");
     p.SetIdentifyControls(identifyBy.empty() || EqualsNoCase(identifyBy, "Caption") ? 0 : 1);
-    p.SetImagesFormat(EqualsNoCase(text("SnapshotFormat"), "Bitmap") ? 1 : 2);
+    std::string snapshotFormat = text("SnapshotFormat");
+    p.SetImagesFormat(EqualsNoCase(snapshotFormat, "Bitmap") ? 1 : (EqualsNoCase(snapshotFormat, "Png") ? 3 : 2));
     p.SetBulletMenusControls(flag("BulletedControlsAndMenus"));
     p.SetHotSpots(flag("AddHotSpots"));
     p.SetAssociateHelpIndex(flag("AssociateHelpIndex"));
@@ -172,7 +173,7 @@ void CAddInSettings::Save(ISettings& settings)
     text("EMail", p.email);
     text("Registration", p.RegistrationURL);
     text("IdentifyBy", p.IdentifyControls() == 0 ? "Caption" : "Name");
-    text("SnapshotFormat", p.ImagesFormat() == 1 ? "Bitmap" : "Jpeg");
+    text("SnapshotFormat", p.ImagesFormat() == 1 ? "Bitmap" : (p.ImagesFormat() == 3 ? "Png" : "Jpeg"));
     flag("BulletedControlsAndMenus", p.BulletMenusControls());
     flag("AddHotSpots", p.HotSpots());
     flag("AssociateHelpIndex", p.AssociateHelpIndex());

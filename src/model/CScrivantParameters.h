@@ -94,8 +94,9 @@ public:
     // 1 is a bitmap, every other value a JPEG.
     std::int32_t ImagesFormat() const { return m_imagesFormat; }
     void SetImagesFormat(std::int32_t value) { m_imagesFormat = value; }
-    std::string ImagesFileExt() const { return m_imagesFormat == 1 ? ".bmp" : ".jpg"; }
-    std::string ImagesType() const { return m_imagesFormat == 1 ? "bmp" : "jpg"; }
+    // 1 bitmap, 2 JPEG, 3 PNG.
+    std::string ImagesFileExt() const { return "." + ImagesType(); }
+    std::string ImagesType() const { return m_imagesFormat == 1 ? "bmp" : (m_imagesFormat == 3 ? "png" : "jpg"); }
 
     // Read empty, it takes the logged-on user's name and keeps it.
     std::string Author() const;

@@ -3,6 +3,7 @@
 #include <functional>
 
 #include "desktop/BmpFile.h"
+#include "desktop/PngFile.h"
 #include "desktop/RenderedWindows.h"
 #include "desktop/cJPEG.h"
 #include "foundation/CTraceLog.h"
@@ -89,6 +90,13 @@ int CFormBitmapCapture::SavePictureErr(const Picture* picture, const std::string
 {
     if (!picture)
         return -1;
+    if (Parameters().ImagesFormat() == 3) {
+        std::string pngPath = ReplaceAllNoCase(path, ".bmp", ".png");
+        DeleteFileIfExists(pngPath);
+        if (WritePngFile(*picture, pngPath))
+            return 3;
+        Trace("CFormBitmapCapture1.SavePictureErr: cannot write " + pngPath);
+    }
     if (Parameters().ImagesFormat() == 2) {
         std::string jpegPath = ReplaceAllNoCase(path, ".bmp", ".jpg");
         DeleteFileIfExists(jpegPath);

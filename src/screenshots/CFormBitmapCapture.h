@@ -30,8 +30,9 @@ public:
 
     // -1 without a picture. With the generation's ImagesFormat 2 the picture
     // is written as a JPEG (quality 85) beside the path with ".bmp" replaced by
-    // ".jpg" (any case), an existing file of that name deleted first: 2. If
-    // that fails, or for any other format, a bitmap under path: 1.
+    // ".jpg" (any case), an existing file of that name deleted first: 2; with
+    // ImagesFormat 3 as a PNG the same way under ".png": 3. If that fails, or
+    // for any other format, a bitmap under path: 1.
     int SavePictureErr(const Picture* picture, const std::string& path);
 
     // SavePictureErr when flag is set and the control type is "Frame",

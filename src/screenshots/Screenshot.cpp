@@ -29,7 +29,7 @@ IFormPageMaker*& CurrentFormPageMakerSlot()
 
 std::string PictureFormat()
 {
-    return Parameters().ImagesFormat() == 1 ? "bmp" : "jpg";
+    return Parameters().ImagesType();
 }
 
 std::string InFolder(const std::string& path, const std::string& folder)

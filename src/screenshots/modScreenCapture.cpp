@@ -2,6 +2,7 @@
 
 #include "desktop/BmpFile.h"
 #include "desktop/RenderedWindows.h"
+#include "desktop/PngFile.h"
 #include "desktop/cJPEG.h"
 #include "foundation/CTraceLog.h"
 #include "foundation/Paths.h"
@@ -76,6 +77,11 @@ void WritePictureToFile(const Picture* picture, const std::string& format, const
     if (EqualsNoCase(format, "bmp")) {
         WriteBmpFile(*picture, path);
         Trace("WritePictureToFile(1): Pic = " + what + ", FileExists = " + BoolText(FileExists(path)));
+        return;
+    }
+    if (EqualsNoCase(format, "png")) {
+        WritePngFile(*picture, path);
+        Trace("WritePictureToFile(3): Pic = " + what + ", FileExists = " + BoolText(FileExists(path)));
         return;
     }
     if (!EqualsNoCase(format, "jpg"))

@@ -120,7 +120,7 @@ std::unique_ptr<CXmlForm> CClientUIObjectXml::AdjustForm(const std::string& rawX
             Trace("CClientUIObjectRawXml.Adjust: " + loaded->XmlParseError().Reason());
             return;
         }
-        std::string extension = imagesFormat == 2 ? "jpg" : "bmp";
+        std::string extension = imagesFormat == 2 ? "jpg" : (imagesFormat == 3 ? "png" : "bmp");
         loaded->HasMap = true;
         if (!picFullPath.empty())
             loaded->SetPicFullPath(picFullPath);
