@@ -1,6 +1,8 @@
 #include "desktop/CW_IDEVB6Context.h"
 
 #include "desktop/RenderedWindows.h"
+
+#include <algorithm>
 #include "foundation/CTraceLog.h"
 #include "foundation/CodePage.h"
 #include "foundation/ErrorMessage.h"
@@ -197,6 +199,26 @@ std::string CW_IDEVB6Context::CurrentSourceProjectFullPath()
 std::string CW_IDEVB6Context::CurrentSourceProjectName()
 {
     return Current().name;
+}
+
+std::string CW_IDEVB6Context::CurrentSourceProjectCodePage()
+{
+    std::map<std::string, int> counts;
+    auto count = [&](Project& project) {
+        ReadComponents(project);
+        for (const Component& component : project.components)
+            if (component.file && component.file->CodePageFromFonts())
+                ++counts[component.file->CodePage()];
+    };
+    if (m_useGroup) {
+        for (auto& project : m_projects)
+            count(*project);
+    } else if (!m_projects.empty()) {
+        count(Current());
+    }
+    auto most = std::max_element(counts.begin(), counts.end(),
+        [](const auto& a, const auto& b) { return a.second < b.second; });
+    return most == counts.end() ? std::string() : most->first;
 }
 
 std::string CW_IDEVB6Context::CurrentSourceProjectLocation()

@@ -59,6 +59,9 @@ public:
     std::string CurrentSourceProjectTypeName() override { return "VB6"; }
     bool CurrentSourceProjectIsDirty() override;
     std::string CurrentSourceProjectLocation() override;
+    // The code page most forms of the current project (the whole group when it
+    // is the source) name in their fonts.
+    std::string CurrentSourceProjectCodePage() override;
     bool CurrentSourceProjectIsMDEorADE() override { return false; }
     bool CurrentSourceProjectIsADPorADE() override { return false; }
     int HostAppMainWindowHWnd() override { return kMainWindowHandle; }

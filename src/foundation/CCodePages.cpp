@@ -3,6 +3,7 @@
 #include <pugixml.hpp>
 
 #include "foundation/CXMLFile.h"
+#include "foundation/CodePage.h"
 #include "foundation/ErrorMessage.h"
 #include "foundation/Paths.h"
 #include "foundation/ScrivError.h"
@@ -71,6 +72,17 @@ const CCodePage* CCodePages::Page(std::string_view name) const
 {
     const auto* entry = m_pages.Find(name);
     return entry ? entry->get() : nullptr;
+}
+
+const CCodePage* CCodePages::FirstLanguageOfCodePage(std::string_view codePage) const
+{
+    std::string wanted = WindowsAnsiCodePage(codePage);
+    if (wanted.empty())
+        return nullptr;
+    for (const auto& entry : m_pages)
+        if (WindowsAnsiCodePage(entry.value->CP1) == wanted)
+            return entry.value.get();
+    return nullptr;
 }
 
 const CCodePage* CCodePages::GetCodePageByLanguageCode(std::string_view code) const

@@ -48,6 +48,9 @@ public:
     // The page of a language code ("1033"; blanks around it do not count), or
     // nothing for an empty or unknown code.
     const CCodePage* GetCodePageByLanguageCode(std::string_view code) const;
+    // The first language whose own ANSI code page (CP1) is that Windows code
+    // page, or nothing.
+    const CCodePage* FirstLanguageOfCodePage(std::string_view codePage) const;
 
 private:
     KeyedCollection<std::unique_ptr<CCodePage>> m_pages;

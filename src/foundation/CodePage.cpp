@@ -120,6 +120,30 @@ std::string CodePageOfFontCharset(int charset)
     }
 }
 
+std::string WindowsAnsiCodePage(std::string_view encoding)
+{
+    std::string name = ToLower(Trim(encoding));
+    static const std::pair<const char*, const char*> kAliases[] = {
+        { "shift_jis", "CP932" }, { "shift-jis", "CP932" }, { "sjis", "CP932" }, { "cp932", "CP932" }, { "ms932", "CP932" },
+        { "gb2312", "CP936" }, { "gbk", "CP936" }, { "cp936", "CP936" },
+        { "ks_c_5601-1987", "CP949" }, { "euc-kr", "CP949" }, { "cp949", "CP949" }, { "uhc", "CP949" },
+        { "big5", "CP950" }, { "cp950", "CP950" },
+        { "windows-874", "CP874" }, { "cp874", "CP874" }, { "tis-620", "CP874" },
+    };
+    for (const auto& [alias, codePage] : kAliases)
+        if (name == alias)
+            return codePage;
+    for (const char* prefix : { "windows-", "cp", "win" }) {
+        std::string_view rest = std::string_view(name);
+        if (rest.rfind(prefix, 0) != 0)
+            continue;
+        rest.remove_prefix(std::char_traits<char>::length(prefix));
+        if (rest.size() == 4 && rest.rfind("125", 0) == 0 && rest[3] >= '0' && rest[3] <= '8')
+            return "windows-" + std::string(rest);
+    }
+    return {};
+}
+
 bool IsKnownEncoding(std::string_view encoding)
 {
     Converter probe("UTF-8", encoding);
@@ -149,6 +173,21 @@ std::string ConvertFromUtf8(std::string_view text, std::string_view toEncoding)
     return converter.Run(text, [](std::string_view rest, std::string& output) {
         output += '?';
         return std::min(rest.size(), Utf8SequenceLength(static_cast<unsigned char>(rest.front())));
+    });
+}
+
+std::string ConvertFromUtf8ForHtml(std::string_view text, std::string_view toEncoding)
+{
+    if (IsUtf8Name(toEncoding))
+        return std::string(text);
+    Converter converter(toEncoding, "UTF-8");
+    if (!converter.valid())
+        return std::string(text);
+    return converter.Run(text, [](std::string_view rest, std::string& output) {
+        std::size_t length = std::min(rest.size(), Utf8SequenceLength(static_cast<unsigned char>(rest.front())));
+        std::u32string character = Utf8ToUtf32(rest.substr(0, length));
+        output += character.empty() ? std::string("?") : "&#" + std::to_string(static_cast<std::uint32_t>(character.front())) + ";";
+        return length;
     });
 }
 

@@ -17,6 +17,7 @@
 #include "generation/BrowserHelp.h"
 #include "generation/CXmlFormPages.h"
 #include "generation/ContentsFiles.h"
+#include "generation/HelpLanguage.h"
 #include "generation/HtmlHelpCompiler.h"
 #include "generation/Templates.h"
 #include "generation/clsHHK.h"
@@ -182,6 +183,7 @@ void CScrivant::BackupProjectFolder(const std::string& folder)
 std::uint32_t CScrivant::GenerateHTMLForProject(bool process, bool regenerating)
 {
     CScrivantParameters& parameters = Parameters();
+    AdoptApplicationLanguage(Agent().CurrentSourceProjectCodePage());
     Agent().HourglassOn();
     Agent().ProgressMeterInit("Starting help Generation...", 3);
     m_helpIndex = std::make_unique<clsHHK>();

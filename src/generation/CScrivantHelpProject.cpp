@@ -9,6 +9,7 @@
 #include "foundation/ScrivError.h"
 #include "foundation/StringUtil.h"
 #include "generation/CScrivant.h"
+#include "generation/HelpLanguage.h"
 #include "model/CAddInProject.h"
 #include "model/CHelpPrjTree.h"
 #include "model/CScrivantParameters.h"
@@ -123,7 +124,7 @@ std::uint32_t CScrivant::WriteHHPFile(const std::string& path)
     if (!project)
         return status::kAbandoned;
     std::string target = path.empty() ? project->HHPFullPath() : path;
-    if (!WriteFileBytes(target, ToSystemCodePage(HHPText()))) {
+    if (!WriteFileBytes(target, InHelpCompilerCodePage(HHPText()))) {
         Trace("CScrivant.WriteHHPFile: cannot write '" + target + "'");
         return status::kGeneralFailure;
     }
@@ -142,7 +143,7 @@ void CScrivant::WriteTextPopupsFile()
         text += ".topic " + Trim(FileBaseName(topic)) + " " + kEol;
         text += "Refers to : " + topic + kEol;
     }
-    WriteFileBytes(folder + project->FileName + ".txt", ToSystemCodePage(text));
+    WriteFileBytes(folder + project->FileName + ".txt", InHelpCompilerCodePage(text));
 }
 
 }  // namespace scriv

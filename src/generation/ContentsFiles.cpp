@@ -13,6 +13,7 @@
 #include "foundation/StringUtil.h"
 #include "foundation/TextEncoding.h"
 #include "generation/BrowserHelp.h"
+#include "generation/HelpLanguage.h"
 #include "generation/clsHHK.h"
 #include "model/CAddInProject.h"
 #include "model/CHelpPrjCheckSums.h"
@@ -86,14 +87,6 @@ bool DocumentedControlsListed()
     return context && context->State().ControlTopicsInContents;
 }
 
-// Contents and index files are read by the help compiler in the project's charset.
-std::string InProjectCharset(const std::string& text)
-{
-    std::string charset = Parameters().Charset;
-    if (charset.empty() || EqualsNoCase(charset, "utf-8") || !IsKnownEncoding(charset))
-        return text;
-    return ConvertFromUtf8(text, charset);
-}
 
 std::uint32_t WriteSitemap(const std::string& path, const std::string& text, const char* source)
 {
@@ -104,7 +97,7 @@ std::uint32_t WriteSitemap(const std::string& path, const std::string& text, con
         return status::kGeneralFailure;
     }
     RotateBackups(path);
-    if (!WriteFileBytes(path, InProjectCharset(text))) {
+    if (!WriteFileBytes(path, SitemapInHelpCompilerCodePage(text))) {
         Trace(std::string(source) + ": cannot write '" + path + "'");
         return status::kGeneralFailure;
     }

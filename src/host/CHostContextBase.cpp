@@ -71,6 +71,8 @@ void CHostContextBase::Dispatch(CXmlCommand& command)
         answer(CurrentSourceProjectName());
     } else if (is("CurrentSourceProjectLocation")) {
         answer(CurrentSourceProjectLocation());
+    } else if (is("CurrentSourceProjectCodePage")) {
+        answer(CurrentSourceProjectCodePage());
     } else if (is("SetHelpFileForCurrentSourceProject")) {
         SetHelpFileForCurrentSourceProject(command.GetParamValue("HelpFileFullPath"));
     } else if (is("ParseSourceProject")) {

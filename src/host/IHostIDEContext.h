@@ -32,6 +32,9 @@ public:
     virtual bool CurrentSourceProjectIsDirty() = 0;
     // The folder of the project file, with a final separator.
     virtual std::string CurrentSourceProjectLocation() = 0;
+    // The code page the texts of the current project are written in, as its
+    // forms say it ("windows-1256"); "" when they say nothing.
+    virtual std::string CurrentSourceProjectCodePage() { return {}; }
     virtual bool CurrentSourceProjectIsMDEorADE() = 0;
     virtual bool CurrentSourceProjectIsADPorADE() = 0;
     virtual int HostAppMainWindowHWnd() = 0;

@@ -70,6 +70,8 @@ public:
     virtual std::string CurrentSourceProjectName() = 0;
     virtual std::string CurrentSourceProjectTypeName() = 0;
     virtual std::string CurrentSourceProjectLocation() = 0;
+    // The code page the application's forms name, or "".
+    virtual std::string CurrentSourceProjectCodePage() = 0;
     virtual void SetHelpFileForCurrentSourceProject(const std::string& helpFileFullPath) = 0;
     virtual int HostAppMainWindowHWnd() = 0;
     virtual void HideIDEWindows() = 0;

@@ -134,6 +134,7 @@ std::string CScrivServerAgent::CurrentSourceProjectFullPath() { return SendForRe
 std::string CScrivServerAgent::CurrentSourceProjectName() { return SendForResult("CurrentSourceProjectName"); }
 std::string CScrivServerAgent::CurrentSourceProjectTypeName() { return SendForResult("CurrentSourceProjectTypeName"); }
 std::string CScrivServerAgent::CurrentSourceProjectLocation() { return SendForResult("CurrentSourceProjectLocation"); }
+std::string CScrivServerAgent::CurrentSourceProjectCodePage() { return SendForResult("CurrentSourceProjectCodePage"); }
 
 void CScrivServerAgent::SetHelpFileForCurrentSourceProject(const std::string& helpFileFullPath)
 {

@@ -57,6 +57,7 @@ public:
     std::string CurrentSourceProjectName() override;
     std::string CurrentSourceProjectTypeName() override;
     std::string CurrentSourceProjectLocation() override;
+    std::string CurrentSourceProjectCodePage() override;
     void SetHelpFileForCurrentSourceProject(const std::string& helpFileFullPath) override;
     int HostAppMainWindowHWnd() override;
     void HideIDEWindows() override;
