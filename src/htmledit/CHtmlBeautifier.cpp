@@ -2,6 +2,7 @@
 
 #include "foundation/CTraceLog.h"
 #include "htmldom/HtmlDocument.h"
+#include "htmldom/HtmlTreeWalk.h"
 #include "htmledit/PageUrls.h"
 
 namespace scriv {
@@ -15,6 +16,12 @@ void TraceFailure(std::string_view procedure, const std::exception& error)
     TraceLog().addMessage("CHtmlBeautifier." + std::string(procedure) + ": " + error.what(), true);
 }
 
+CHtmlStringFormatter::Siblings SiblingsAt(const HtmlNode::ChildList& children, std::size_t index)
+{
+    return { index > 0 ? children[index - 1].get() : nullptr,
+        index + 1 < children.size() ? children[index + 1].get() : nullptr };
+}
+
 }  // namespace
 
 void CHtmlBeautifier::SetDocument(const HtmlDocument& document, std::string_view url)
@@ -22,18 +29,23 @@ void CHtmlBeautifier::SetDocument(const HtmlDocument& document, std::string_view
     m_document = &document;
     m_formatter = std::make_unique<CHtmlStringFormatter>();
     m_formatter->UseSourceAttributes = UseSourceAttributes;
-    for (const HtmlElement* meta : document.getElementsByTagName("meta"))
-        m_formatter->AddMetaElement(*meta);
     // A document read from a file is complete when it is parsed, and keeps its
     // event handlers as attributes: there is no design mode to switch on or
     // load to wait for.
     std::string base(url);
-    for (const HtmlElement* element : document.getElementsByTagName("base")) {
-        if (element->hasAttribute("href")) {
+    bool baseFound = false;
+    WalkHtmlTree(static_cast<const HtmlNode&>(document), [&](const HtmlNode& node) {
+        const HtmlElement* element = node.asElement();
+        if (!element)
+            return node.nodeType() == HtmlNodeType::Document;
+        if (element->is("meta")) {
+            m_formatter->AddMetaElement(*element);
+        } else if (!baseFound && element->is("base") && element->hasAttribute("href")) {
             base = ResolveUrl(url, element->getAttribute("href"));
-            break;
+            baseFound = true;
         }
-    }
+        return true;
+    });
     m_formatter->SetBaseFolder(base);
     m_formatter->SetFileName(url);
 }
@@ -44,12 +56,14 @@ std::string CHtmlBeautifier::EditModeReadyHTML()
         return {};
     CHtmlStringBuilder builder;
     builder.init(kInitialBufferSize, 0);
-    for (const auto& child : m_document->childNodes())
-        getNodeHtml(builder, 1, *child);
+    const auto& children = m_document->childNodes();
+    for (std::size_t i = 0; i < children.size(); ++i)
+        getNodeHtml(builder, 1, *children[i], SiblingsAt(children, i));
     return builder.TakeValue();
 }
 
-void CHtmlBeautifier::getNodeHtml(CHtmlStringBuilder& builder, int level, const HtmlNode& root)
+void CHtmlBeautifier::getNodeHtml(CHtmlStringBuilder& builder, int level, const HtmlNode& root,
+    CHtmlStringFormatter::Siblings siblings)
 {
     // Depth first without recursion, so that no page nests deep enough to
     // exhaust the stack.
@@ -59,9 +73,9 @@ void CHtmlBeautifier::getNodeHtml(CHtmlStringBuilder& builder, int level, const 
         std::size_t next;
     };
     std::vector<Frame> stack;
-    auto start = [&](const HtmlNode& node, int nodeLevel) {
+    auto start = [&](const HtmlNode& node, int nodeLevel, CHtmlStringFormatter::Siblings nodeSiblings) {
         try {
-            if (m_formatter->AddChunk(builder, nodeLevel, node) == CHtmlStringFormatter::Chunk::Whole)
+            if (m_formatter->AddChunk(builder, nodeLevel, node, nodeSiblings) == CHtmlStringFormatter::Chunk::Whole)
                 return;
         } catch (const std::exception& error) {
             TraceFailure("getNodeHtml", error);
@@ -69,20 +83,21 @@ void CHtmlBeautifier::getNodeHtml(CHtmlStringBuilder& builder, int level, const 
         }
         stack.push_back({ &node, nodeLevel, 0 });
     };
-    start(root, level);
+    start(root, level, siblings);
     while (!stack.empty()) {
         Frame& frame = stack.back();
         const HtmlNode& node = *frame.node;
         const auto& children = node.childNodes();
         if (CHtmlStringFormatter::WalksChildren(node) && frame.next < children.size()) {
-            const HtmlNode& child = *children[frame.next++];
+            std::size_t index = frame.next++;
+            const HtmlNode& child = *children[index];
             // The browser-help script, and whatever follows it, is the help
             // generator's and goes back on by its hand.
             if (CHtmlStringFormatter::IsBrowserHelpScript(child)) {
                 frame.next = children.size();
                 continue;
             }
-            start(child, frame.level + 1);
+            start(child, frame.level + 1, SiblingsAt(children, index));
             continue;
         }
         try {

@@ -47,7 +47,7 @@ public:
     const std::vector<std::string>& MetaElementsCollection() const;
 
 private:
-    void getNodeHtml(CHtmlStringBuilder& builder, int level, const HtmlNode& node);
+    void getNodeHtml(CHtmlStringBuilder& builder, int level, const HtmlNode& node, CHtmlStringFormatter::Siblings siblings);
 
     const HtmlDocument* m_document { nullptr };
     std::unique_ptr<CHtmlStringFormatter> m_formatter;

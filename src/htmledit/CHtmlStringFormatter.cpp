@@ -26,11 +26,26 @@ public:
     }
     bool Contains(std::string_view name) const
     {
-        return std::any_of(m_names.begin(), m_names.end(),
-            [name](const std::string& entry) { return AsciiEqualsNoCase(entry, name); });
+        for (const std::string& entry : m_names)
+            if (entry.size() == name.size() && SameLetters(entry, name))
+                return true;
+        return false;
     }
 
 private:
+    static bool SameLetters(std::string_view a, std::string_view b)
+    {
+        for (std::size_t i = 0; i < a.size(); ++i) {
+            char x = a[i];
+            char y = b[i];
+            if (x != y && (x | 0x20) != (y | 0x20))
+                return false;
+            if (x != y && !((x | 0x20) >= 'a' && (x | 0x20) <= 'z'))
+                return false;
+        }
+        return true;
+    }
+
     std::vector<std::string> m_names;
 };
 
@@ -274,7 +289,7 @@ std::string CHtmlStringFormatter::EncodeText(std::string_view text)
             out += c;
         }
     }
-    if (!Trim(out).empty() && out.find("\xC2\xA0") != std::string::npos)
+    if (out.find("\xC2\xA0") != std::string::npos && !Trim(out).empty())
         out = ReplaceAll(out, "\xC2\xA0", "&nbsp;");
     return out;
 }
@@ -320,10 +335,14 @@ std::string CHtmlStringFormatter::DecodeUrl(std::string_view url)
 
 std::string CHtmlStringFormatter::MakeRelative(std::string_view value) const
 {
+    if (m_baseFolder.empty())
+        return std::string(value);
     std::string copy = DecodeUrl(value);
-    copy = ReplaceAllNoCase(copy, "file:///", "");
-    copy = ReplaceAllNoCase(copy, "file://", "");
-    if (m_baseFolder.empty() || !ContainsNoCase(copy, m_baseFolder))
+    if (FindNoCase(copy, "file://") != std::string::npos) {
+        copy = ReplaceAllNoCase(copy, "file:///", "");
+        copy = ReplaceAllNoCase(copy, "file://", "");
+    }
+    if (!ContainsNoCase(copy, m_baseFolder))
         return std::string(value);
     copy = ReplaceAllNoCase(copy, m_baseFolder, "");
     if (copy.starts_with('/'))
@@ -362,10 +381,16 @@ bool CHtmlStringFormatter::IsBrowserHelpScript(const HtmlNode& node)
 
 CHtmlStringFormatter::Chunk CHtmlStringFormatter::AddChunk(CHtmlStringBuilder& builder, int level, const HtmlNode& node)
 {
+    return AddChunk(builder, level, node, { node.previousSibling(), node.nextSibling() });
+}
+
+CHtmlStringFormatter::Chunk CHtmlStringFormatter::AddChunk(CHtmlStringBuilder& builder, int level, const HtmlNode& node,
+    Siblings siblings)
+{
     std::string indent = Indent(level);
     switch (node.nodeType()) {
     case HtmlNodeType::Text:
-        WriteText(builder, indent, static_cast<const HtmlText&>(node));
+        WriteText(builder, indent, static_cast<const HtmlText&>(node), siblings);
         return Chunk::Whole;
     case HtmlNodeType::Comment:
         builder.AddString(indent + "<!--" + WithCrLf(static_cast<const HtmlComment&>(node).data()) + "-->", true);
@@ -384,14 +409,15 @@ CHtmlStringFormatter::Chunk CHtmlStringFormatter::AddChunk(CHtmlStringBuilder& b
     return Chunk::Whole;
 }
 
-void CHtmlStringFormatter::WriteText(CHtmlStringBuilder& builder, const std::string& indent, const HtmlText& node)
+void CHtmlStringFormatter::WriteText(CHtmlStringBuilder& builder, const std::string& indent, const HtmlText& node,
+    Siblings siblings)
 {
     std::string text = CollapseWhiteSpace(node.data());
-    const HtmlNode* next = node.nextSibling();
+    const HtmlNode* next = siblings.next;
     const HtmlNode* parent = node.parentNode();
     bool closesBlock = !next && parent && IsHtmlElementIn(*parent, BlockTags());
-    bool afterHiddenElement = text == " " && !next && node.previousSibling()
-        && IsHtmlElementIn(*node.previousSibling(), TextlessEmptyTags());
+    bool afterHiddenElement = text == " " && !next && siblings.previous
+        && IsHtmlElementIn(*siblings.previous, TextlessEmptyTags());
     // Blanks in front of a line break are the line break's: dropping them keeps
     // the next save from finding them again.
     if (!text.empty() && text.back() == ' ' && (StartsLine(next) || closesBlock || afterHiddenElement))

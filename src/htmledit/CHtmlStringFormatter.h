@@ -1,5 +1,6 @@
 #pragma once
 
+#include <memory_resource>
 #include <string>
 #include <string_view>
 #include <unordered_set>
@@ -45,8 +46,16 @@ public:
     const std::vector<std::string>& MetaElementsCollection() const { return m_metaElements; }
 
     // --- writing nodes ---
+    // The nodes beside the one written, which decide the blanks around a text.
+    struct Siblings {
+        const HtmlNode* previous { nullptr };
+        const HtmlNode* next { nullptr };
+    };
     // Writes the start of a node at level (1 for the document's children).
     Chunk AddChunk(CHtmlStringBuilder& builder, int level, const HtmlNode& node);
+    // The same, with the node's siblings known to the caller (a walk over a
+    // long list of children need not look them up each time).
+    Chunk AddChunk(CHtmlStringBuilder& builder, int level, const HtmlNode& node, Siblings siblings);
     // Writes the end of a node, once per node.
     void addClosedChunk(CHtmlStringBuilder& builder, int level, const HtmlNode& node);
     // The children the walk descends into: none for elements whose content
@@ -74,7 +83,7 @@ public:
 
 private:
     // --- the steps of AddChunk ---
-    void WriteText(CHtmlStringBuilder& builder, const std::string& indent, const HtmlText& text);
+    void WriteText(CHtmlStringBuilder& builder, const std::string& indent, const HtmlText& text, Siblings siblings);
     Chunk WriteElement(CHtmlStringBuilder& builder, int level, const HtmlElement& element);
     void WriteIsIndex(CHtmlStringBuilder& builder, const std::string& indent, const HtmlElement& form,
         const HtmlElement& input);
@@ -92,7 +101,9 @@ private:
     std::string m_baseFolder;
     std::string m_fileName;
     std::vector<std::string> m_metaElements;
-    std::unordered_set<const HtmlNode*> m_closedNodeIds;
+    // A node's address is its identity while the document lives.
+    std::pmr::monotonic_buffer_resource m_closedNodeIdsPool;
+    std::pmr::unordered_set<const HtmlNode*> m_closedNodeIds { &m_closedNodeIdsPool };
     std::string m_lastNodeName;
 };
 
