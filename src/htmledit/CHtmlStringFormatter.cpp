@@ -113,6 +113,15 @@ bool IsHtmlElementIn(const HtmlNode& node, const TagSet& set)
     return IsHtmlElement(node) && set.Contains(node.asElement()->tagName());
 }
 
+// The parser drops a line break right behind the start tag of these, so a
+// text that begins with one needs another in front.
+bool DropsLeadingLineBreak(const HtmlElement& element)
+{
+    const HtmlNode* first = element.firstChild();
+    return IsHtmlElementIn(element, VerbatimTags()) && first && first->isText()
+        && static_cast<const HtmlText*>(first)->data().starts_with('\n');
+}
+
 bool IsWhiteSpace(char c)
 {
     return c == ' ' || c == '\t' || c == '\n' || c == '\r' || c == '\f';
@@ -416,11 +425,15 @@ void CHtmlStringFormatter::WriteText(CHtmlStringBuilder& builder, const std::str
     const HtmlNode* next = siblings.next;
     const HtmlNode* parent = node.parentNode();
     bool closesBlock = !next && parent && IsHtmlElementIn(*parent, BlockTags());
-    bool afterHiddenElement = text == " " && !next && siblings.previous
+    bool blankOnly = text == " ";
+    bool afterHiddenElement = blankOnly && !next && siblings.previous
         && IsHtmlElementIn(*siblings.previous, TextlessEmptyTags());
+    // BR and A start a line of their own after a block or a comment.
+    bool beforeLineOfItsOwn = blankOnly && next && (m_lastNodeName == "#comment" || BlockTags().Contains(m_lastNodeName));
     // Blanks in front of a line break are the line break's: dropping them keeps
     // the next save from finding them again.
-    if (!text.empty() && text.back() == ' ' && (StartsLine(next) || closesBlock || afterHiddenElement))
+    if (!text.empty() && text.back() == ' '
+        && (StartsLine(next) || closesBlock || afterHiddenElement || beforeLineOfItsOwn))
         text.pop_back();
     if (builder.LastTokenIsCrLf()) {
         if (!text.empty() && text.front() == ' ')
@@ -456,9 +469,7 @@ CHtmlStringFormatter::Chunk CHtmlStringFormatter::WriteElement(CHtmlStringBuilde
     builder.AddString(">");
 
     if (IsHtmlElementIn(element, VerbatimTags())) {
-        const HtmlNode* first = element.firstChild();
-        // The parser drops a line break right behind the start tag.
-        if (first && first->isText() && static_cast<const HtmlText*>(first)->data().starts_with('\n'))
+        if (DropsLeadingLineBreak(element))
             builder.AddString(kCrLf);
         for (const auto& child : element.childNodes())
             WriteVerbatim(builder, *child);
@@ -632,6 +643,8 @@ void CHtmlStringFormatter::WriteVerbatim(CHtmlStringBuilder& builder, const Html
                 builder.AddString("<" + NodeName(element));
                 WriteAttributes(builder, {}, element, {});
                 builder.AddString(">");
+                if (DropsLeadingLineBreak(element))
+                    builder.AddString(kCrLf);
                 return !element.isVoid();
             }
             default:

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <random>
 #include <string>
 #include <vector>
 
@@ -72,6 +73,109 @@ TEST(BeautifierGolden, ItsOwnOutputComesBackUnchanged)
     }
 }
 
+// Well-formed pages of random content: blocks holding blocks or inline
+// content, inline elements holding text, with blanks and line breaks between
+// everything.
+class RandomPage {
+public:
+    explicit RandomPage(unsigned seed)
+        : m_random(seed)
+    {
+    }
+
+    std::string Make() { return "<html><head><title>R</title></head><body>" + Blocks(3) + "</body></html>"; }
+
+private:
+    std::size_t Pick(std::size_t count) { return m_random() % count; }
+
+    std::string Space()
+    {
+        static const char* const kSpaces[] = { "", "", " ", "\n", "\n  ", "\t", " \n " };
+        return kSpaces[Pick(7)];
+    }
+
+    std::string Inline(int depth)
+    {
+        static const char* const kWords[] = { "word", "two words", "a&amp;b", "&lt;x&gt;", "&nbsp;", "end." };
+        std::string html;
+        for (std::size_t i = 0, n = 1 + Pick(4); i < n; ++i) {
+            html += Space();
+            switch (depth > 0 ? Pick(8) : 0) {
+            case 0:
+            case 1:
+            case 2:
+                html += kWords[Pick(6)];
+                break;
+            case 3:
+                html += "<br>";
+                break;
+            case 4:
+                html += "<a href=\"p" + std::to_string(Pick(3)) + ".htm\">" + Inline(0) + "</a>";
+                break;
+            case 5:
+                html += "<img src=\"i.png\" alt=\"\">";
+                break;
+            default: {
+                static const char* const kTags[] = { "b", "i", "span", "font" };
+                std::string tag = kTags[Pick(4)];
+                html += "<" + tag + ">" + Inline(depth - 1) + "</" + tag + ">";
+            }
+            }
+            html += Space();
+        }
+        return html;
+    }
+
+    std::string Blocks(int depth)
+    {
+        std::string html;
+        for (std::size_t i = 0, n = 1 + Pick(4); i < n; ++i) {
+            html += Space();
+            switch (depth > 0 ? Pick(9) : Pick(2)) {
+            case 0:
+                html += "<p>" + Inline(2) + "</p>";
+                break;
+            case 1:
+                html += "<h2>" + Inline(1) + "</h2>";
+                break;
+            case 2:
+                html += "<div>" + Blocks(depth - 1) + "</div>";
+                break;
+            case 3:
+                html += "<ul>" + Space() + "<li>" + Inline(1) + "</li>" + Space() + "<li>" + Blocks(depth - 1) + "</li></ul>";
+                break;
+            case 4:
+                html += "<table><tr>" + Space() + "<td>" + Inline(1) + "</td><td>" + Blocks(depth - 1) + "</td></tr></table>";
+                break;
+            case 5:
+                html += "<!-- note " + std::to_string(i) + " -->";
+                break;
+            case 6:
+                html += "<pre>\n  kept " + Inline(1) + "\n</pre>";
+                break;
+            case 7:
+                html += "<script>var a = 1 < 2;\n  go();</script>";
+                break;
+            default:
+                html += Inline(2);
+            }
+            html += Space();
+        }
+        return html;
+    }
+
+    std::mt19937 m_random;
+};
+
+TEST(BeautifierGolden, RandomWellFormedPagesComeBackUnchanged)
+{
+    for (unsigned seed = 1; seed <= 400; ++seed) {
+        std::string page = RandomPage(seed).Make();
+        std::string once = BeautifyHtmlText(page, kPageUrl);
+        ASSERT_EQ(BeautifyHtmlText(once, kPageUrl), once) << "seed " << seed << "\n" << page;
+    }
+}
+
 TEST(BeautifierLines, TheFirstTagOpensTheTextAndEveryLineEndsInCrLf)
 {
     std::string page = Beautify("<!DOCTYPE html><p>a\nb</p>");
@@ -122,6 +226,11 @@ TEST(BeautifierLines, BrAndAAfterABlockOrACommentStartALine)
     EXPECT_EQ(BodyOf("<div><a href=a.htm>x</a></div><!-- c --><br>"),
         "    <DIV>\r\n      <A href=\"a.htm\">x</A>\r\n    </DIV>\r\n    <!-- c -->\r\n    <BR>");
     EXPECT_EQ(BodyOf("<span>s</span><br>"), "    <SPAN>s</SPAN><BR>");
+    // The line break in front of such an A is no blank that would keep it on
+    // the running line the next time.
+    std::string page = Beautify("<div>x</div><a href=a.htm>y</a>");
+    EXPECT_NE(page.find("    </DIV>\r\n    <A href=\"a.htm\">y</A>"), std::string::npos) << page;
+    EXPECT_EQ(Beautify(page), page);
 }
 
 TEST(BeautifierLines, CommentsAndTheDoctypeStandOnLinesOfTheirOwn)
