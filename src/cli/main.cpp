@@ -8,6 +8,7 @@
 #include "cli/GenerateCommands.h"
 #include "cli/ScreenshotCommand.h"
 #include "cli/ProjectCommands.h"
+#include "cli/ProjectToolsCommands.h"
 #include "foundation/EventLoop.h"
 #include "foundation/Version.h"
 
@@ -118,6 +119,28 @@ int main(int argc, char** argv)
         "Link the pictures to their files instead of storing them in the document");
     exportWordCommand->add_flag("--pdf", exportWord.pdf, "Also make a PDF beside the document (needs LibreOffice)");
 
+    std::string checkLinksFile;
+    CLI::App* checkLinksCommand = app.add_subcommand("check-links",
+        "Check the hyperlinks and pictures of every topic of a help project; exit code 1 when any is broken");
+    checkLinksCommand->add_option("PROJECT", checkLinksFile, "The help project file (.svp)")->required();
+
+    TextSearchOptions findOptions;
+    CLI::App* findCommand = app.add_subcommand("find",
+        "Find a text in every topic of a help project; exit code 1 when it is nowhere");
+    TextSearchOptions replaceOptions;
+    CLI::App* replaceCommand = app.add_subcommand("replace",
+        "Replace a text in every topic of a help project; exit code 1 when it is nowhere");
+    for (auto [command, options] : { std::pair { findCommand, &findOptions }, std::pair { replaceCommand, &replaceOptions } }) {
+        command->add_option("PROJECT", options->project, "The help project file (.svp)")->required();
+        command->add_option("TEXT", options->findWhat, "The text to find")->required();
+        if (command == replaceCommand)
+            command->add_option("REPLACE", options->replaceWith, "The text to put in its place")->required();
+        command->add_flag("--whole-word", options->wholeWord, "Only where the text stands as a whole word");
+        command->add_flag("--match-case", options->matchCase, "Only where the case of the letters is the same");
+        command->add_flag("--source", options->source,
+            "Search the pages' HTML source, tags and attributes included, instead of the text a reader sees");
+    }
+
     try {
         app.parse(argc, argv);
     } catch (const CLI::ParseError& error) {
@@ -165,6 +188,12 @@ int main(int argc, char** argv)
         return RunNew(global, newHost);
     if (exportWordCommand->parsed())
         return RunExportWord(global, exportWord);
+    if (checkLinksCommand->parsed())
+        return RunCheckLinks(global, checkLinksFile);
+    if (findCommand->parsed())
+        return RunFind(global, findOptions);
+    if (replaceCommand->parsed())
+        return RunReplace(global, replaceOptions);
     std::cout << app.help();
     return exitcode::kDone;
 }
