@@ -243,6 +243,11 @@ RenderedForm CFormRenderer::Render()
     return out;
 }
 
+bool CFormRenderer::FormReadsRightToLeft() const
+{
+    return m_file.Form().Boolean("RightToLeft", false);
+}
+
 void CFormRenderer::PaintNonClient(ClassicPainter& painter, const PixelRect& window, const PixelRect& client,
     int borderStyle)
 {
@@ -302,8 +307,17 @@ void CFormRenderer::PaintCaption(ClassicPainter& painter, const PixelRect& bar, 
     style.vAlign = VAlign::Middle;
     style.mnemonic = false;
     style.ellipsis = true;
+    PixelRect text { left, bar.top, right - left, bar.height };
+    // A right-to-left window shows its title bar mirrored: the icon and the
+    // caption at the right, the buttons at the left.
+    if (FormReadsRightToLeft()) {
+        painter.MirrorHorizontally(bar);
+        text.left = bar.left + bar.Right() - right;
+        style.rightToLeft = true;
+        style.hAlign = HAlign::Right;
+    }
     painter.PushClip(bar);
-    painter.DrawText({ left, bar.top, right - left, bar.height }, form.Text("Caption"), font, SystemColour(kCaptionText), style);
+    painter.DrawText(text, form.Text("Caption"), font, SystemColour(kCaptionText), style);
     painter.PopClip();
 }
 
@@ -311,7 +325,9 @@ void CFormRenderer::PaintMenuBar(ClassicPainter& painter, const PixelRect& bar)
 {
     painter.Fill(bar, SystemColour(kMenu));
     FontSpec font { "Tahoma", 8 };
+    bool rightToLeft = FormReadsRightToLeft();
     int x = bar.left;
+    int fromRight = bar.Right();
     painter.PushClip(bar);
     for (const auto& menu : m_file.Form().Children()) {
         if (!menu->IsMenu() || !menu->Boolean("Visible", true))
@@ -323,6 +339,12 @@ void CFormRenderer::PaintMenuBar(ClassicPainter& painter, const PixelRect& bar)
         TextStyle style;
         style.vAlign = VAlign::Middle;
         style.disabled = !menu->Boolean("Enabled", true);
+        style.rightToLeft = rightToLeft;
+        // A right-to-left menu bar starts at the right.
+        if (rightToLeft) {
+            fromRight -= width;
+            x = fromRight;
+        }
         painter.DrawText({ x + 7, bar.top, width - 7, bar.height }, caption, font, SystemColour(kMenuText), style);
         x += width;
     }
@@ -408,6 +430,7 @@ ControlView CFormRenderer::MakeView(const Node& parent, const Node& node, int or
     }
     view.font = FontOf(block);
     view.enabled = block.Boolean("Enabled", true);
+    view.rightToLeft = block.Boolean("RightToLeft", FormReadsRightToLeft());
     view.threeD = block.Number("Appearance", 1) != 0;
     view.picture = PictureProperty(block, "Picture");
     std::string type = ToLower(view.type);

@@ -73,6 +73,9 @@ public:
     RenderedForm Render();
 
 private:
+    // Whether the form's RightToLeft is set: its text reads from the right and
+    // its title and menu bars are mirrored.
+    bool FormReadsRightToLeft() const;
     struct Node;
 
     void BuildChildren(Node& node);

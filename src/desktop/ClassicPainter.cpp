@@ -66,8 +66,9 @@ MnemonicText ParseMnemonic(const std::string& text)
 // A Pango layout that is freed with its owner.
 class Layout {
 public:
-    Layout(PangoContext* context, const std::string& text, const FontSpec& font, bool mnemonic)
-        : m_layout(pango_layout_new(context))
+    Layout(PangoContext* context, const std::string& text, const FontSpec& font, bool mnemonic,
+        bool rightToLeft = false)
+        : m_layout(NewLayout(context, rightToLeft))
     {
         PangoFontDescription* description = pango_font_description_new();
         pango_font_description_set_family(description, StandInFamily(font.name).c_str());
@@ -108,6 +109,15 @@ public:
     }
 
 private:
+    // The reading order is the one asked for, never guessed from the text.
+    static PangoLayout* NewLayout(PangoContext* context, bool rightToLeft)
+    {
+        pango_context_set_base_dir(context, rightToLeft ? PANGO_DIRECTION_RTL : PANGO_DIRECTION_LTR);
+        PangoLayout* layout = pango_layout_new(context);
+        pango_layout_set_auto_dir(layout, FALSE);
+        return layout;
+    }
+
     PangoLayout* m_layout;
 };
 
@@ -398,6 +408,33 @@ void ClassicPainter::DrawPicture(const Picture& picture, const PixelRect& rect, 
 
 // --- text ---
 
+int ClassicPainter::MissingGlyphs(const std::string& text, const FontSpec& font)
+{
+    Layout layout(m_pango, text, font, false);
+    return pango_layout_get_unknown_glyphs_count(layout.Get());
+}
+
+void ClassicPainter::MirrorHorizontally(const PixelRect& rect)
+{
+    if (rect.width <= 0 || rect.height <= 0)
+        return;
+    cairo_surface_t* target = cairo_get_target(m_cr);
+    cairo_surface_flush(target);
+    cairo_surface_t* copy = cairo_image_surface_create(CAIRO_FORMAT_RGB24, rect.width, rect.height);
+    cairo_t* copier = cairo_create(copy);
+    cairo_set_source_surface(copier, target, -rect.left, -rect.top);
+    cairo_paint(copier);
+    cairo_destroy(copier);
+    cairo_save(m_cr);
+    cairo_translate(m_cr, rect.left + rect.width, rect.top);
+    cairo_scale(m_cr, -1, 1);
+    cairo_set_source_surface(m_cr, copy, 0, 0);
+    cairo_rectangle(m_cr, 0, 0, rect.width, rect.height);
+    cairo_fill(m_cr);
+    cairo_restore(m_cr);
+    cairo_surface_destroy(copy);
+}
+
 PixelRect ClassicPainter::MeasureText(const std::string& text, const FontSpec& font, bool mnemonic, int wrapWidth)
 {
     Layout layout(m_pango, text, font, mnemonic);
@@ -427,7 +464,7 @@ void ClassicPainter::DrawText(const PixelRect& box, const std::string& text, con
 void ClassicPainter::DrawTextAt(const PixelRect& box, const std::string& text, const FontSpec& font, Rgb colour,
     const TextStyle& style)
 {
-    Layout layout(m_pango, text, font, style.mnemonic);
+    Layout layout(m_pango, text, font, style.mnemonic, style.rightToLeft);
     PangoLayout* pango = layout.Get();
     if (style.wrap || style.ellipsis) {
         pango_layout_set_width(pango, box.width * PANGO_SCALE);

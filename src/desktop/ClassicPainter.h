@@ -66,6 +66,10 @@ struct TextStyle {
     bool ellipsis { false };
     // Drawn engraved, as Windows draws the text of a disabled control.
     bool disabled { false };
+    // Read from right to left (a control whose RightToLeft is set); otherwise
+    // the text reads left to right whatever script it is in, as Windows
+    // draws it without the right-to-left reading flag.
+    bool rightToLeft { false };
 };
 
 // Drawing operations of the classic Windows look on a cairo context, in whole
@@ -92,6 +96,12 @@ public:
 
     // --- clipping: nested, each Push undone by one Pop ---
     void PushClip(const PixelRect& rect);
+    // Flips what is drawn inside the rectangle from left to right, as a window
+    // laid out from right to left shows it.
+    void MirrorHorizontally(const PixelRect& rect);
+    // How many characters of the text the installed fonts cannot draw (each
+    // would show as a box).
+    int MissingGlyphs(const std::string& text, const FontSpec& font);
     void PopClip();
 
     // --- glyphs ---

@@ -28,7 +28,8 @@ void PaintLabel(ClassicPainter& painter, const ControlView& view)
         painter.Fill(view.rect, Back(view, kButtonFace));
     PixelRect text = BoxBorder(painter, view.rect, view.threeD, Int(block, "BorderStyle", 0) == 1);
     TextStyle style;
-    style.hAlign = AlignmentOf(Int(block, "Alignment", 0));
+    style.hAlign = Mirrored(AlignmentOf(Int(block, "Alignment", 0)), view.rightToLeft);
+    style.rightToLeft = view.rightToLeft;
     // A label breaks its caption into lines when it is told to, or when it
     // has room for more than one line; otherwise the caption is cut off.
     style.wrap = block.Boolean("WordWrap", false) || text.height >= 2 * LineHeight(painter, view.font);
@@ -70,7 +71,8 @@ void PaintTextBox(ClassicPainter& painter, const ControlView& view)
         text = Masked(text, LeftChars(password, 1));
     PixelRect area { inner.left + 2, inner.top + 1, inner.width - barsWidth - 3, inner.height - barsHeight - 1 };
     TextStyle style;
-    style.hAlign = AlignmentOf(Int(block, "Alignment", 0));
+    style.hAlign = Mirrored(AlignmentOf(Int(block, "Alignment", 0)), view.rightToLeft);
+    style.rightToLeft = view.rightToLeft;
     style.wrap = multiLine && !(bars & 1);
     style.mnemonic = false;
     painter.PushClip(area);
@@ -161,7 +163,7 @@ void PaintCheckOrOption(ClassicPainter& painter, const ControlView& view, bool o
     }
     painter.Fill(view.rect, Back(view, kButtonFace));
     int size = option ? kOptionSize : kCheckBoxSize;
-    bool boxRight = Int(block, "Alignment", 0) == 1;
+    bool boxRight = (Int(block, "Alignment", 0) == 1) != view.rightToLeft;
     PixelRect box { boxRight ? view.rect.Right() - size : view.rect.left, view.rect.top + (view.rect.height - size) / 2,
         size, size };
     if (option) {
@@ -177,6 +179,8 @@ void PaintCheckOrOption(ClassicPainter& painter, const ControlView& view, bool o
     TextStyle style;
     style.vAlign = VAlign::Middle;
     style.disabled = !view.enabled;
+    style.rightToLeft = view.rightToLeft;
+    style.hAlign = view.rightToLeft ? HAlign::Right : HAlign::Left;
     painter.PushClip(text);
     painter.DrawText(text, block.Text("Caption"), view.font, Fore(view, kButtonText), style);
     painter.PopClip();
@@ -209,10 +213,13 @@ void PaintFrame(ClassicPainter& painter, const ControlView& view)
     if (caption.empty())
         return;
     PixelRect size = painter.MeasureText(caption, view.font);
-    PixelRect text { view.rect.left + 8, view.rect.top, std::min(size.width + 2, view.rect.width - 10), textHeight };
+    int textWidth = std::min(size.width + 2, view.rect.width - 10);
+    int textLeft = view.rightToLeft ? view.rect.Right() - 8 - textWidth : view.rect.left + 8;
+    PixelRect text { textLeft, view.rect.top, textWidth, textHeight };
     painter.Fill({ text.left - 1, text.top, text.width + 2, text.height }, Back(view, kButtonFace));
     TextStyle style;
     style.disabled = !view.enabled;
+    style.rightToLeft = view.rightToLeft;
     painter.PushClip(text);
     painter.DrawText({ text.left + 1, text.top, text.width, text.height }, caption, view.font, Fore(view, kButtonText), style);
     painter.PopClip();

@@ -37,6 +37,9 @@ struct ControlView {
     PixelRect rect;
     FontSpec font;
     bool enabled { true };
+    // RightToLeft: the text reads from the right, and what is aligned to one
+    // side (text, the box of a check box, a frame's caption) goes to the other.
+    bool rightToLeft { false };
     // Appearance 1 (3D) rather than 0 (flat).
     bool threeD { true };
     // The decoded Picture property, when the .frx holds one this program reads.

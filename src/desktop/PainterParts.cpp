@@ -26,6 +26,13 @@ HAlign AlignmentOf(int alignment)
     return alignment == 1 ? HAlign::Right : (alignment == 2 ? HAlign::Center : HAlign::Left);
 }
 
+HAlign Mirrored(HAlign alignment, bool rightToLeft)
+{
+    if (!rightToLeft || alignment == HAlign::Center)
+        return alignment;
+    return alignment == HAlign::Left ? HAlign::Right : HAlign::Left;
+}
+
 int ScrollBarSize()
 {
     CNonClientMetrics metrics;

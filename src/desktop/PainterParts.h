@@ -25,6 +25,8 @@ Rgb Sys(int index);
 int Int(const Vb6PropertyList& list, std::string_view name, int fallback);
 // The alignment values of labels and text boxes: 0 left, 1 right, 2 centre.
 HAlign AlignmentOf(int alignment);
+// The alignment of a control that reads from right to left: left and right swap.
+HAlign Mirrored(HAlign alignment, bool rightToLeft);
 // The control's BackColor, or the system colour.
 Rgb Back(const ControlView& view, int systemColour);
 // The control's ForeColor, or the system colour; grey text when disabled.
