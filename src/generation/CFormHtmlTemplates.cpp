@@ -14,6 +14,7 @@
 #include "foundation/StringUtil.h"
 #include "foundation/TextEncoding.h"
 #include "generation/CScrivant.h"
+#include "generation/Templates.h"
 #include "model/CHelpPrjTree.h"
 #include "model/CScrivantParameters.h"
 #include "model/IRunContext.h"
@@ -109,6 +110,13 @@ std::string PictureSource(std::string_view localPath, std::string_view fullPath,
     if (!basePath.empty())
         return AddBackslash(basePath) + FileNameOf(fullPath);
     return RelativePicture(fullPath, pageFolder);
+}
+
+// The text alternative of a picture or hot spot: what the reader sees as its
+// caption, else its name.
+std::string TextAlternative(std::string_view caption, std::string_view name)
+{
+    return XmlEncodeChars(Trim(caption).empty() ? name : caption);
 }
 
 std::string ReplaceMessages(std::string text)
@@ -271,6 +279,8 @@ std::string CFormHtmlTemplates::FileTemplate(const CXmlForm& form, const PageSec
     for (std::string_view marker : kSectionMarkers)
         text = ReplaceAll(text, marker, "");
     text = ReplaceAll(text, "{{HtmlScrivantExcludeList}}", "");
+    text = WithHtmlLanguage(text, ProjectPageLanguage());
+    text = WithPageTitle(text, title.empty() ? XmlEncodeChars(form.Name) : title);
     return ReplaceMessages(std::move(text));
 }
 
@@ -356,7 +366,7 @@ std::string CFormHtmlTemplates::ControlArea(const CXmlForm& form, const CXmlCont
             control.HotSpotRight() - frame.HotSpotLeft(), control.HotSpotBottom() - frame.HotSpotTop() + inset);
     }
     return "<AREA SHAPE=\"RECT\" COORDS=\"" + coords + "\" HREF=\"#" + BookmarkName(form, control)
-        + "\" FRAME=\"\" alt=\"" + XmlEncodeChars(control.Caption()) + "\" />" + kEol;
+        + "\" FRAME=\"\" alt=\"" + TextAlternative(control.Caption(), control.Name) + "\" />" + kEol;
 }
 
 // --- pictures ---
@@ -368,7 +378,7 @@ std::string CFormHtmlTemplates::MainImage(const CXmlForm& form, bool useLocalPat
         return {};
     std::string source = PictureSource(form.PicLocalPath(), picture, useLocalPath, basePath, FolderOf(form.HtmlFullPath()));
     std::string out = "<!-- + MAIN IMAGE + -->" + kEol;
-    out += "<IMG SRC=\"" + source + "\" BORDER=0 " + kEol;
+    out += "<IMG SRC=\"" + source + "\" BORDER=0 ALT=\"" + TextAlternative(form.Caption(), form.Name) + "\" " + kEol;
     if (form.HasMap)
         out += "USEMAP=\"#" + MapName(form) + "\" ";
     out += "/>" + kEol + "<!-- - MAIN IMAGE - -->" + kEol;
@@ -381,7 +391,8 @@ std::string CFormHtmlTemplates::ControlImage(const CXmlForm& form, const CXmlCon
     std::string source = PictureSource(control.PicLocalPath(), control.PicFullPath, useLocalPath, basePath,
         FolderOf(form.HtmlFullPath()));
     std::string out = "<!-- + CONTROL IMAGE + -->" + kEol;
-    out += "<IMG SRC=\"" + source + "\" BORDER=0 " + kEol;
+    out += "<IMG SRC=\"" + source + "\" BORDER=0 ALT=\"" + TextAlternative(control.Caption(), control.Name) + "\" "
+        + kEol;
     if (form.HasMap && !control.Controls().Empty())
         out += "USEMAP=\"#" + EncodeObjectName(MapName(form) + "_" + control.Name) + "\" ";
     out += "/>" + kEol + "<!-- - CONTROL IMAGE - -->" + kEol;

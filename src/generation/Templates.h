@@ -4,6 +4,7 @@
 #include <string_view>
 #include <vector>
 
+#include "foundation/LanguageTag.h"
 #include "model/TemplateFolders.h"
 
 // Where page templates are found, and the one replacement scheme every page
@@ -25,6 +26,21 @@ std::vector<Replacement> ParseReplacementList(const std::vector<std::string>& en
 // "Error saving file <path>".
 std::string ReplaceTagsAndCopy(std::string_view sourcePath, std::string_view targetPath,
     const std::vector<std::string>& replacementList);
+
+// --- what every page states about itself ---
+
+// The language of the project's pages: its Language parameter, else its
+// language code, else English (the language of the templates that every
+// other language falls back on).
+LanguageTag ProjectPageLanguage();
+// The page with lang, and dir="rtl" for a right-to-left language, on its
+// <html> tag. A tag that states its lang already keeps what it has, and so
+// does a text without an <html> tag.
+std::string WithHtmlLanguage(std::string_view page, const LanguageTag& language);
+// The page with fallback as its title where its <title> is empty, or where it
+// has none (then it goes first in <head>). A page without <head>, and an
+// empty fallback, leave the text as it is. fallback is HTML text.
+std::string WithPageTitle(std::string_view page, std::string_view fallback);
 
 // <link href="path" type="text/css" rel="stylesheet">, or "" for an empty path.
 std::string StyleSheetLinkHtml(std::string_view styleSheetPath);
