@@ -89,6 +89,7 @@ std::string SearchPageHtml()
            "<script type=\"text/javascript\" charset=\"utf-8\" src=\""
         + std::string(kSearchIndexScript)
         + "\"></script>\r\n"
+          "<script type=\"text/javascript\" charset=\"utf-8\" src=\"browserhelp.js\"></script>\r\n"
           "<script type=\"text/javascript\" charset=\"utf-8\" src=\"sitesearch.js\"></script>\r\n"
           "</head>\r\n"
           "<body class=\"pane-page search\">\r\n"

@@ -58,6 +58,19 @@ TEST(PageLanguage, AnEmptyOrMissingTitleGetsTheFallback)
     EXPECT_EQ(WithPageTitle("<head><title></title></head>", " "), "<head><title></title></head>");
 }
 
+TEST(EmptyLinks, ALinkThatShowsNothingAndLeadsNowhereGoes)
+{
+    EXPECT_EQ(WithoutEmptyLinks("<td><a href=\"\"></a></td><td><A HREF='mailto:'> </A></td><td><a href=http://></a></td>"),
+        "<td></td><td></td><td></td>");
+    // A link with an address, with text, or without href (a bookmark) stays.
+    for (std::string page : { "<a href=\"x.htm\"></a>", "<a href=\"\">Home</a>", "<a name=\"frmA_txt\"></a>",
+             "<a href=\"mailto:me@example.com\"></a>", "<a href=\"\"><img src=\"a.jpg\" alt=\"A\"></a>",
+             "<abbr title=\"\"></abbr>", "<a href=\"\">never closed" })
+        EXPECT_EQ(WithoutEmptyLinks(page), page);
+    EXPECT_EQ(WithoutEmptyLinks("<p><a href=\"\"></a><a href=\"\"></a>x<a href=\"b.htm\">b</a></p>"),
+        "<p>x<a href=\"b.htm\">b</a></p>");
+}
+
 class PageLanguageTest : public test::CoreFixture {
 protected:
     test::TempFolder m_pages;
@@ -93,6 +106,16 @@ TEST_F(PageLanguageTest, PagesCopiedFromTemplatesAndSavedAgainCarryTheLanguageOn
     ASSERT_EQ(page.Save(), 0u);
     EXPECT_EQ(m_pages.Read("p.htm"),
         "<html lang=\"he\" dir=\"rtl\"><head><title>Customer</title></head><body><h1>Customer</h1></body></html>");
+}
+
+TEST_F(PageLanguageTest, TheShippedCopyrightPageLeavesOutTheAddressesThatAreNotGiven)
+{
+    Parameters().Website = "https://example.com/orders";
+    std::string page = ReplaceTagsAndCopy(test::SourceDataFolder() + "Templates/Localized/EN/Copyright.htm", {}, {});
+    EXPECT_NE(page.find("<a href=\"https://example.com/orders\">https://example.com/orders</a>"), std::string::npos)
+        << page;
+    EXPECT_EQ(page.find("<a href=\"mailto:\""), std::string::npos) << page;
+    EXPECT_EQ(page.find("<a href=\"\""), std::string::npos) << page;
 }
 
 TEST_F(PageLanguageTest, APageWithNeitherTitleNorCaptionIsTitledByItsFileName)
