@@ -163,19 +163,22 @@ std::string CFormHtmlTemplates::BookmarkNameForDocumentedMenuOrControl(const CXm
     return EncodeObjectName(MapName(form) + "_" + definition.BookmarkName);
 }
 
+// A title by caption falls back on the name where there is no caption (a
+// toolbar button of pictures only): a heading or link must not be empty.
 std::string CFormHtmlTemplates::Title(const CXmlForm& form)
 {
-    return XmlEncodeChars(desc::IndexesFromCaption() ? form.Caption() : form.Name);
+    return desc::IndexesFromCaption() ? TextAlternative(form.Caption(), form.Name) : XmlEncodeChars(form.Name);
 }
 
 std::string CFormHtmlTemplates::Title(const CXmlMenu& menu)
 {
-    return XmlEncodeChars(desc::IndexesFromCaption() ? WithoutAccelerators(menu.Text) : menu.Name);
+    return desc::IndexesFromCaption() ? TextAlternative(WithoutAccelerators(menu.Text), menu.Name)
+                                      : XmlEncodeChars(menu.Name);
 }
 
 std::string CFormHtmlTemplates::Title(const CXmlControl& control)
 {
-    return XmlEncodeChars(desc::IndexesFromCaption() ? control.Caption() : control.Name);
+    return desc::IndexesFromCaption() ? TextAlternative(control.Caption(), control.Name) : XmlEncodeChars(control.Name);
 }
 
 // --- lists ---

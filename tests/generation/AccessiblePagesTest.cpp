@@ -184,6 +184,18 @@ TEST_F(FormPictureTest, ScreenshotsAreNamedByTheCaptionOfWhatTheyShow)
     EXPECT_NE(m_templates.ControlArea(m_form, note, nullptr, false).find("alt=\"txtNote\""), std::string::npos);
 }
 
+TEST_F(FormPictureTest, AControlWithoutACaptionIsTitledByItsName)
+{
+    const CXmlControl& note = *m_form.GetControl("txtNote");
+    EXPECT_EQ(CFormHtmlTemplates::Title(note), "txtNote");
+    EXPECT_NE(m_templates.ControlsList(m_form).find("<a href=\"#frmA_txtNote\">txtNote</a>"), std::string::npos);
+    EXPECT_NE(m_templates.Controls(m_form, false, false).find("<H2><a name=\"frmA_txtNote\">txtNote</a></H2>"),
+        std::string::npos);
+    EXPECT_EQ(CFormHtmlTemplates::Title(*m_form.GetControl("fraMode")), "Mode");
+    m_form.Text = "  ";
+    EXPECT_EQ(CFormHtmlTemplates::Title(m_form), "frmA");
+}
+
 TEST_F(FormPictureTest, EveryPictureOfAFormTopicHasATextAlternativeAndThePageALanguage)
 {
     PageSections sections { true, true, true, true, true, true };
