@@ -322,6 +322,13 @@ function formTopicOfTree() {
     return forms[forms.length - 1];
 }
 
+// The arrow keys that open and close, or go to the next and previous tab:
+// mirrored in a right-to-left language.
+async function arrowsOf(target, selector) {
+    const rtl = await target.evaluate((s) => getComputedStyle(document.querySelector(s)).direction === "rtl", selector);
+    return rtl ? { forward: "ArrowLeft", back: "ArrowRight" } : { forward: "ArrowRight", back: "ArrowLeft" };
+}
+
 async function treeState(contents) {
     return contents.evaluate(() => {
         const items = [...document.querySelectorAll("#tree [role=treeitem]")];
@@ -345,6 +352,7 @@ function keyboardTests(origin) {
         const contents = frame("contents");
         await emptyTopicFrame();
         await tabUntil(contents, (focus) => focus.role === "treeitem", 5, "the contents tree");
+        const arrows = await arrowsOf(contents, "#tree");
         assert.equal((await treeState(contents)).tabStops, 1, "the tree is one stop in the tab order");
 
         // Down along the tree; Right opens the book that holds the target and enters it.
@@ -358,10 +366,10 @@ function keyboardTests(origin) {
                 return { holds, open: item.getAttribute("aria-expanded") === "true" };
             }, target);
             if (book.holds && !book.open) {
-                await page.keyboard.press("ArrowRight");
+                await page.keyboard.press(arrows.forward);
                 assert.equal(await contents.evaluate(() => document.activeElement.getAttribute("aria-expanded")), "true");
             }
-            await page.keyboard.press(book.holds ? "ArrowRight" : "ArrowDown");
+            await page.keyboard.press(book.holds ? arrows.forward : "ArrowDown");
             focus = await focusIn(contents);
             assert.equal(focus.role, "treeitem");
             assert.ok(focus.outline, `the focus shows on "${focus.text}"`);
@@ -372,10 +380,10 @@ function keyboardTests(origin) {
         assert.deepEqual((await treeState(contents)).selected.map(fileOf), [target]);
 
         // Left goes up to the book, and then closes it; End and Home reach the ends.
-        await page.keyboard.press("ArrowLeft");
+        await page.keyboard.press(arrows.back);
         const book = await focusIn(contents);
         assert.equal(await contents.evaluate(() => document.activeElement.getAttribute("aria-expanded")), "true");
-        await page.keyboard.press("ArrowLeft");
+        await page.keyboard.press(arrows.back);
         assert.equal(await contents.evaluate(() => document.activeElement.getAttribute("aria-expanded")), "false");
         assert.equal((await focusIn(contents)).text, book.text);
         await page.keyboard.press("End");
@@ -423,7 +431,7 @@ function keyboardTests(origin) {
     test("the index filters by what is typed and Enter opens the keyword", async () => {
         await openEntryPage(urlOf);
         await tabUntil(page.mainFrame(), (focus) => focus.role === "tab", 3, "the tabs");
-        await page.keyboard.press("ArrowRight");
+        await page.keyboard.press((await arrowsOf(page.mainFrame(), "[role=tablist]")).forward);
         assert.equal(await page.locator("#tabIndex").getAttribute("aria-selected"), "true");
         const index = frame("index");
         await index.waitForURL((url) => url.protocol !== "about:", { timeout: TIMEOUT });

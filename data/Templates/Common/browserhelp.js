@@ -19,6 +19,17 @@ var ScrivBrowserHelp = (function () {
         }
     }
 
+    function isRightToLeft(element) {
+        return window.getComputedStyle(element).direction === "rtl";
+    }
+
+    // In a right-to-left language the arrow that points along the text opens.
+    function logicalKey(key, element) {
+        if (isRightToLeft(element) && (key === "ArrowLeft" || key === "ArrowRight"))
+            return key === "ArrowLeft" ? "ArrowRight" : "ArrowLeft";
+        return key;
+    }
+
     function elementChildren(node) {
         var children = [];
         for (var child = node.firstElementChild; child; child = child.nextElementSibling)
@@ -226,7 +237,7 @@ var ScrivBrowserHelp = (function () {
         var visible = visibleItems(root);
         var at = visible.indexOf(item);
         var handled = true;
-        switch (event.key) {
+        switch (logicalKey(event.key, root)) {
         case "ArrowDown":
             focusItem(root, visible[at + 1]);
             break;
@@ -472,9 +483,10 @@ var ScrivBrowserHelp = (function () {
             });
             tab.addEventListener("keydown", function (event) {
                 var next = null;
-                if (event.key === "ArrowRight" || event.key === "ArrowDown")
+                var key = logicalKey(event.key, tab);
+                if (key === "ArrowRight" || key === "ArrowDown")
                     next = tabs[(index + 1) % tabs.length];
-                else if (event.key === "ArrowLeft" || event.key === "ArrowUp")
+                else if (key === "ArrowLeft" || key === "ArrowUp")
                     next = tabs[(index - 1 + tabs.length) % tabs.length];
                 else if (event.key === "Home")
                     next = tabs[0];
@@ -517,7 +529,8 @@ var ScrivBrowserHelp = (function () {
             event.preventDefault();
             document.body.classList.add("dragging");
             function move(e) {
-                setWidth(e.clientX - navigation.getBoundingClientRect().left);
+                var box = navigation.getBoundingClientRect();
+                setWidth(isRightToLeft(navigation) ? box.right - e.clientX : e.clientX - box.left);
             }
             function stop() {
                 document.body.classList.remove("dragging");
@@ -528,8 +541,10 @@ var ScrivBrowserHelp = (function () {
             document.addEventListener("mouseup", stop);
         });
         splitter.addEventListener("keydown", function (event) {
+            // The arrow that points away from the pane widens it.
             var width = navigation.getBoundingClientRect().width;
-            var wanted = { ArrowRight: width + 20, ArrowLeft: width - 20, Home: MIN_WIDTH, End: window.innerWidth }[event.key];
+            var wanted = { ArrowRight: width + 20, ArrowLeft: width - 20, Home: MIN_WIDTH, End: window.innerWidth }[
+                logicalKey(event.key, navigation)];
             if (wanted === undefined)
                 return;
             event.preventDefault();
