@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <optional>
+#include <stdexcept>
 #include <vector>
 
 #include "foundation/StringUtil.h"
@@ -323,7 +324,7 @@ std::string TagFromWindowsCode(std::string_view text)
         code = std::stoi(hex ? number.substr(2) : number, &used, hex ? 16 : 10);
         if (used != number.size() - (hex ? 2 : 0))
             return {};
-    } catch (const std::exception&) {
+    } catch (const std::logic_error&) {
         return {};
     }
     for (const WindowsCode& known : kWindowsCodes)

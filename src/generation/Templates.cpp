@@ -116,9 +116,9 @@ bool HasAttribute(std::string_view tag, std::string_view attribute)
 bool IsEmptyAddress(std::string_view href)
 {
     std::string address = Trim(href);
-    std::size_t colon = address.find(':');
     if (address.empty())
         return true;
+    std::size_t colon = address.find(':');
     if (colon == std::string::npos || colon == 0)
         return false;
     for (std::size_t i = 0; i < colon; ++i)
