@@ -14,6 +14,7 @@
 #include "foundation/StringUtil.h"
 #include "foundation/TextEncoding.h"
 #include "generation/CScrivant.h"
+#include "generation/Templates.h"
 #include "model/CHelpPrjTree.h"
 #include "model/CScrivantParameters.h"
 #include "model/IRunContext.h"
@@ -111,6 +112,13 @@ std::string PictureSource(std::string_view localPath, std::string_view fullPath,
     return RelativePicture(fullPath, pageFolder);
 }
 
+// The text alternative of a picture or hot spot: what the reader sees as its
+// caption, else its name.
+std::string TextAlternative(std::string_view caption, std::string_view name)
+{
+    return XmlEncodeChars(Trim(caption).empty() ? name : caption);
+}
+
 std::string ReplaceMessages(std::string text)
 {
     if (CXmlMessages* messages = CurrentMessages())
@@ -155,19 +163,22 @@ std::string CFormHtmlTemplates::BookmarkNameForDocumentedMenuOrControl(const CXm
     return EncodeObjectName(MapName(form) + "_" + definition.BookmarkName);
 }
 
+// A title by caption falls back on the name where there is no caption (a
+// toolbar button of pictures only): a heading or link must not be empty.
 std::string CFormHtmlTemplates::Title(const CXmlForm& form)
 {
-    return XmlEncodeChars(desc::IndexesFromCaption() ? form.Caption() : form.Name);
+    return desc::IndexesFromCaption() ? TextAlternative(form.Caption(), form.Name) : XmlEncodeChars(form.Name);
 }
 
 std::string CFormHtmlTemplates::Title(const CXmlMenu& menu)
 {
-    return XmlEncodeChars(desc::IndexesFromCaption() ? WithoutAccelerators(menu.Text) : menu.Name);
+    return desc::IndexesFromCaption() ? TextAlternative(WithoutAccelerators(menu.Text), menu.Name)
+                                      : XmlEncodeChars(menu.Name);
 }
 
 std::string CFormHtmlTemplates::Title(const CXmlControl& control)
 {
-    return XmlEncodeChars(desc::IndexesFromCaption() ? control.Caption() : control.Name);
+    return desc::IndexesFromCaption() ? TextAlternative(control.Caption(), control.Name) : XmlEncodeChars(control.Name);
 }
 
 // --- lists ---
@@ -271,6 +282,8 @@ std::string CFormHtmlTemplates::FileTemplate(const CXmlForm& form, const PageSec
     for (std::string_view marker : kSectionMarkers)
         text = ReplaceAll(text, marker, "");
     text = ReplaceAll(text, "{{HtmlScrivantExcludeList}}", "");
+    text = WithHtmlLanguage(text, ProjectPageLanguage());
+    text = WithPageTitle(text, title.empty() ? XmlEncodeChars(form.Name) : title);
     return ReplaceMessages(std::move(text));
 }
 
@@ -356,7 +369,7 @@ std::string CFormHtmlTemplates::ControlArea(const CXmlForm& form, const CXmlCont
             control.HotSpotRight() - frame.HotSpotLeft(), control.HotSpotBottom() - frame.HotSpotTop() + inset);
     }
     return "<AREA SHAPE=\"RECT\" COORDS=\"" + coords + "\" HREF=\"#" + BookmarkName(form, control)
-        + "\" FRAME=\"\" alt=\"" + XmlEncodeChars(control.Caption()) + "\" />" + kEol;
+        + "\" FRAME=\"\" alt=\"" + TextAlternative(control.Caption(), control.Name) + "\" />" + kEol;
 }
 
 // --- pictures ---
@@ -368,7 +381,7 @@ std::string CFormHtmlTemplates::MainImage(const CXmlForm& form, bool useLocalPat
         return {};
     std::string source = PictureSource(form.PicLocalPath(), picture, useLocalPath, basePath, FolderOf(form.HtmlFullPath()));
     std::string out = "<!-- + MAIN IMAGE + -->" + kEol;
-    out += "<IMG SRC=\"" + source + "\" BORDER=0 " + kEol;
+    out += "<IMG SRC=\"" + source + "\" BORDER=0 ALT=\"" + TextAlternative(form.Caption(), form.Name) + "\" " + kEol;
     if (form.HasMap)
         out += "USEMAP=\"#" + MapName(form) + "\" ";
     out += "/>" + kEol + "<!-- - MAIN IMAGE - -->" + kEol;
@@ -381,7 +394,8 @@ std::string CFormHtmlTemplates::ControlImage(const CXmlForm& form, const CXmlCon
     std::string source = PictureSource(control.PicLocalPath(), control.PicFullPath, useLocalPath, basePath,
         FolderOf(form.HtmlFullPath()));
     std::string out = "<!-- + CONTROL IMAGE + -->" + kEol;
-    out += "<IMG SRC=\"" + source + "\" BORDER=0 " + kEol;
+    out += "<IMG SRC=\"" + source + "\" BORDER=0 ALT=\"" + TextAlternative(control.Caption(), control.Name) + "\" "
+        + kEol;
     if (form.HasMap && !control.Controls().Empty())
         out += "USEMAP=\"#" + EncodeObjectName(MapName(form) + "_" + control.Name) + "\" ";
     out += "/>" + kEol + "<!-- - CONTROL IMAGE - -->" + kEol;

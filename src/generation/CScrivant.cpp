@@ -13,6 +13,7 @@
 #include "foundation/ScrivError.h"
 #include "foundation/StringUtil.h"
 #include "foundation/System.h"
+#include "foundation/TextEncoding.h"
 #include "foundation/Version.h"
 #include "generation/BrowserHelp.h"
 #include "generation/CXmlFormPages.h"
@@ -332,7 +333,7 @@ void CScrivant::ProcessNode(CHelpPrjTreeNode& child, int level, int total, int c
         if (!relationships.empty()) {
             const CScrivantParameters& parameters = Parameters();
             replacements.push_back("{{DatamodelImage}}|<IMG SRC=\"" + parameters.NameOfFolderForGeneratedImagesWithSlash()
-                + "Datamodel" + parameters.ImagesFileExt() + "\" BORDER=0>");
+                + "Datamodel" + parameters.ImagesFileExt() + "\" BORDER=0 ALT=\"" + XmlEncodeChars(child.Caption()) + "\">");
             replacements.push_back("{{Relationships}}|" + relationships);
         } else {
             child.SetSkipped(true);

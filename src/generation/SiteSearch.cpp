@@ -6,6 +6,7 @@
 #include "foundation/Paths.h"
 #include "foundation/ScrivError.h"
 #include "foundation/StringUtil.h"
+#include "generation/Templates.h"
 #include "htmldom/HtmlDocument.h"
 
 namespace scriv {
@@ -88,17 +89,20 @@ std::string SearchPageHtml()
            "<script type=\"text/javascript\" charset=\"utf-8\" src=\""
         + std::string(kSearchIndexScript)
         + "\"></script>\r\n"
+          "<script type=\"text/javascript\" charset=\"utf-8\" src=\"browserhelp.js\"></script>\r\n"
           "<script type=\"text/javascript\" charset=\"utf-8\" src=\"sitesearch.js\"></script>\r\n"
           "</head>\r\n"
           "<body class=\"pane-page search\">\r\n"
-          "<form name=\"ss\" class=\"search-form\" onsubmit=\"return NS()\">\r\n"
+          "<form name=\"ss\" class=\"search-form\" role=\"search\" onsubmit=\"return NS()\">\r\n"
           "<input type=\"search\" name=\"s\" size=24 aria-label=\"Search\" autocomplete=\"off\" "
           "onKeyDown=\"if(event.keyCode==13)return NS()\">\r\n"
           "<button type=\"submit\" class=\"search-button\" title=\"Search\">"
           "<img src=\"images/search.svg\" alt=\"Search\"></button>\r\n"
           "</form>\r\n"
-          "<div id=\"ssResults\" class=\"search-results\" data-none=\"No topics found.\" "
-          "data-short=\"Type a word of two letters or more.\"></div>\r\n"
+          "<p id=\"ssStatus\" class=\"search-status\" role=\"status\" aria-live=\"polite\" "
+          "data-none=\"No topics found.\" data-short=\"Type a word of two letters or more.\" "
+          "data-one=\"1 topic found.\" data-many=\"%1 topics found.\"></p>\r\n"
+          "<div id=\"ssResults\" class=\"search-results\"></div>\r\n"
           "</body>\r\n"
           "</html>\r\n";
 }
@@ -195,7 +199,7 @@ void WriteSiteSearch(const std::string& folder, const std::string& projectFileNa
             index.AddPage(name, ReadTextFile(target + name));
     }
     WriteOrRaise(target + std::string(kSearchIndexScript), index.ToScript());
-    WriteOrRaise(target + std::string(kSearchPage), SearchPageHtml());
+    WriteOrRaise(target + std::string(kSearchPage), WithHtmlLanguage(SearchPageHtml(), ProjectPageLanguage()));
 }
 
 }  // namespace scriv

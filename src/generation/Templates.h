@@ -4,6 +4,7 @@
 #include <string_view>
 #include <vector>
 
+#include "foundation/LanguageTag.h"
 #include "model/TemplateFolders.h"
 
 // Where page templates are found, and the one replacement scheme every page
@@ -19,12 +20,32 @@ struct Replacement {
 std::vector<Replacement> ParseReplacementList(const std::vector<std::string>& entries);
 
 // Reads a template (UTF-8), replaces the parameter tags, then each entry of the
-// list without regard to case, then the message table's page words; writes the
+// list without regard to case, then the message table's page words; gives the
+// page its language and a title and drops its empty links; writes the
 // result as UTF-8 to target when one is given, and answers it. A missing
 // template gives "" and writes nothing. A failed write raises
 // "Error saving file <path>".
 std::string ReplaceTagsAndCopy(std::string_view sourcePath, std::string_view targetPath,
     const std::vector<std::string>& replacementList);
+
+// --- what every page states about itself ---
+
+// The language of the project's pages: its Language parameter, else its
+// language code, else English (the language of the templates that every
+// other language falls back on).
+LanguageTag ProjectPageLanguage();
+// The page with lang, and dir="rtl" for a right-to-left language, on its
+// <html> tag. A tag that states its lang already keeps what it has, and so
+// does a text without an <html> tag.
+std::string WithHtmlLanguage(std::string_view page, const LanguageTag& language);
+// The page with fallback as its title where its <title> is empty, or where it
+// has none (then it goes first in <head>). A page without <head>, and an
+// empty fallback, leave the text as it is. fallback is HTML text.
+std::string WithPageTitle(std::string_view page, std::string_view fallback);
+// The page without the links that show nothing and lead nowhere (an empty
+// address, or a scheme alone such as "mailto:"): what a template's link
+// becomes when the value that fills it is empty.
+std::string WithoutEmptyLinks(std::string_view page);
 
 // <link href="path" type="text/css" rel="stylesheet">, or "" for an empty path.
 std::string StyleSheetLinkHtml(std::string_view styleSheetPath);

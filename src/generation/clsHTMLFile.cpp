@@ -6,6 +6,7 @@
 #include "foundation/Paths.h"
 #include "foundation/ScrivError.h"
 #include "foundation/StringUtil.h"
+#include "foundation/TextEncoding.h"
 #include "generation/Templates.h"
 #include "model/CScrivantParameters.h"
 #include "model/IRunContext.h"
@@ -93,7 +94,9 @@ std::string clsHTMLFile::Render() const
         text = ReplaceAllNoCase(text, "{{Datamodelimage}}", "");
         text = ReplaceAllNoCase(text, "{{Relationships}}", "<p>" + Message("{{DatamodelScreenshot}}") + "</p>");
     }
-    return text;
+    text = WithHtmlLanguage(text, ProjectPageLanguage());
+    std::string caption = parameters.ReplaceTags(Caption);
+    return WithPageTitle(text, Trim(caption).empty() ? XmlEncodeChars(FileBaseName(m_fullPath)) : caption);
 }
 
 std::uint32_t clsHTMLFile::Save(std::string_view path)

@@ -128,7 +128,7 @@ TEST_F(HelpProjectTest, AFormTopicHasItsPictureMapAndSections)
     EXPECT_FALSE(FileExists(m_chm + "Tiny.chm"));
     std::string page = Read("Tiny_Form_frmTiny.htm");
     EXPECT_NE(page.find("<title>Tiny Editor</title>"), std::string::npos) << page;
-    EXPECT_NE(page.find("<IMG SRC=\"images/Tiny_Form_frmTiny.bmp\" BORDER=0 \r\nUSEMAP=\"#frmTiny\" />"),
+    EXPECT_NE(page.find("<IMG SRC=\"images/Tiny_Form_frmTiny.bmp\" BORDER=0 ALT=\"Tiny Editor\" \r\nUSEMAP=\"#frmTiny\" />"),
         std::string::npos)
         << page;
     // The text box's area lies where the form has it: 960 and 120 twips are

@@ -108,7 +108,7 @@ TEST_F(BrowserHelpTest, ThePlaceholdersOfTheEntryPageAndTheFramesAreFilled)
 
     std::string toc = m_help.Read("hh_toc_java.htm");
     EXPECT_EQ(toc.find("{{"), std::string::npos);
-    EXPECT_NE(toc.find("<ul class=\"tree\" id=\"tree\">\n<li>  <a href=\"Welcome.htm\" target=\"right\">Welcome</a> </li>\r\n"
+    EXPECT_NE(toc.find("<ul class=\"tree\" id=\"tree\" aria-label=\"Order Desk Help\">\n<li>  <a href=\"Welcome.htm\" target=\"right\">Welcome</a> </li>\r\n"
                        "                <li>  <a href=\"Forms.htm\" target=\"right\">Forms</a> </li>\r\n                <UL>\r\n"),
         std::string::npos)
         << toc;

@@ -181,7 +181,7 @@ TEST_F(FormPagesTest, WithoutMarkersTheTagOfAnEmptyListStays)
 TEST_F(FormPagesTest, WithoutATemplateAPlainPageIsWritten)
 {
     std::string page = m_templates.FileTemplate(m_form, AllSections(), m_data / "missing.htm", "");
-    EXPECT_EQ(page.find("<HTML>\r\n<HEAD>\r\n<meta name=\"GENERATOR\" content=\"{{HtmlScrivantTitleAndVersion}}\">\r\n"
+    EXPECT_EQ(page.find("<HTML lang=\"en\">\r\n<HEAD>\r\n<meta name=\"GENERATOR\" content=\"{{HtmlScrivantTitleAndVersion}}\">\r\n"
                         "<meta name=\"SCRIVANT-VERSION\" content=\"{{HtmlScrivantVersion}}\">\r\n"
                         "<meta name=\"SCRIVANT-FORM-NAME\" content=\"frmA\">\r\n"),
         0u)

@@ -149,7 +149,7 @@ TEST_F(TemplatesTest, SavingPutsTitleCaptionCharsetStyleSheetAndBody)
     page.ZoomFactor = "1.5";
     ASSERT_EQ(page.Save(), 0u);
     EXPECT_EQ(m_data.Read("p.htm"),
-        "<html><head><meta charset=utf-8><style type=\"text/css\" media=\"screen\">body {zoom: 1.5}</style>\r\n"
+        "<html lang=\"en\"><head><meta charset=utf-8><style type=\"text/css\" media=\"screen\">body {zoom: 1.5}</style>\r\n"
         "<link href=\"Office10.css\" type=\"text/css\" rel=\"stylesheet\"><title>Orders & more</title></head>"
         "<body><h1>Orders</h1><p>b</p></body></html>");
     // The file that was replaced was moved aside and then deleted.

@@ -69,20 +69,33 @@ var ScrivSiteSearch = (function () {
         }
     }
 
-    function message(target, text) {
-        var line = document.createElement("p");
-        line.className = "message";
-        line.textContent = text;
-        target.appendChild(line);
+    // The line that says what the search found; a live region, so that a
+    // screen reader reads it out after each search.
+    function announce(status, pages) {
+        if (!status)
+            return;
+        var text;
+        if (pages === null)
+            text = status.getAttribute("data-short");
+        else if (!pages.length)
+            text = status.getAttribute("data-none");
+        else if (pages.length === 1)
+            text = status.getAttribute("data-one");
+        else
+            text = (status.getAttribute("data-many") || "").replace("%1", String(pages.length));
+        // Emptied first, so that the same words after another search are
+        // news again for a screen reader.
+        status.textContent = "";
+        window.setTimeout(function () {
+            status.textContent = text || "";
+        }, 100);
     }
 
     function render(target, pages) {
         while (target.firstChild)
             target.removeChild(target.firstChild);
-        if (pages === null)
-            return message(target, target.getAttribute("data-short") || "");
-        if (!pages.length)
-            return message(target, target.getAttribute("data-none") || "");
+        if (!pages || !pages.length)
+            return;
         var list = document.createElement("ol");
         pages.forEach(function (page) {
             var item = document.createElement("li");
@@ -103,11 +116,21 @@ var ScrivSiteSearch = (function () {
         target.appendChild(list);
     }
 
+    // The arrow keys walk the hits; the down arrow enters them from the field.
+    var resetKeys = null;
+
     function run() {
         var form = document.forms.ss;
         var results = document.getElementById("ssResults");
-        if (form && results)
-            render(results, search(form.s.value));
+        if (!form || !results)
+            return false;
+        if (!resetKeys && window.ScrivBrowserHelp)
+            resetKeys = window.ScrivBrowserHelp.initLinkList(results, form.s);
+        var pages = search(form.s.value);
+        render(results, pages);
+        announce(document.getElementById("ssStatus"), pages);
+        if (resetKeys)
+            resetKeys();
         return false;
     }
 
