@@ -140,7 +140,7 @@ std::string DefaultPageTitle(std::string_view pagePath)
 LanguageTag ProjectPageLanguage()
 {
     const CScrivantParameters& parameters = Parameters();
-    for (const std::string& name : { parameters.Language, parameters.LanguageCode }) {
+    for (const std::string& name : { parameters.LanguageCode, parameters.Language }) {
         LanguageTag language = LanguageTagOf(name);
         if (language.Known())
             return language;

@@ -30,9 +30,10 @@ std::string ReplaceTagsAndCopy(std::string_view sourcePath, std::string_view tar
 
 // --- what every page states about itself ---
 
-// The language of the project's pages: its Language parameter, else its
-// language code, else English (the language of the templates that every
-// other language falls back on).
+// The language of the project's pages: its language code (the help's
+// language, which the application's code page decides when the person has
+// not), else its Language parameter (the folder of localized templates), else
+// English (the language of the templates that every other falls back on).
 LanguageTag ProjectPageLanguage();
 // The page with lang, and dir="rtl" for a right-to-left language, on its
 // <html> tag. A tag that states its lang already keeps what it has, and so

@@ -76,14 +76,15 @@ protected:
     test::TempFolder m_pages;
 };
 
-TEST_F(PageLanguageTest, TheProjectsLanguageIsItsLanguageElseItsCodeElseEnglish)
+TEST_F(PageLanguageTest, TheProjectsLanguageIsItsCodeElseItsTemplateLanguageElseEnglish)
 {
-    Parameters().Language = "AR";
-    Parameters().LanguageCode = "1049";
-    EXPECT_EQ(ProjectPageLanguage().tag, "ar");
+    Parameters().Language = "EN";
+    Parameters().LanguageCode = "1025";
+    EXPECT_EQ(ProjectPageLanguage().tag, "ar-SA");
     EXPECT_TRUE(ProjectPageLanguage().rightToLeft);
-    Parameters().Language = "Klingon";
-    EXPECT_EQ(ProjectPageLanguage().tag, "ru-RU");
+    Parameters().LanguageCode = "99999";
+    Parameters().Language = "RU";
+    EXPECT_EQ(ProjectPageLanguage().tag, "ru");
     EXPECT_FALSE(ProjectPageLanguage().rightToLeft);
     Parameters().Language.clear();
     Parameters().LanguageCode.clear();
