@@ -58,7 +58,7 @@ Begin VB.Form frmCustomer
       Caption         =   "«·⁄‰Ê«‰:"
       Height          =   255
       Left            =   240
-      TabIndex        =   0
+      TabIndex        =   2
       Top             =   780
       Width           =   1215
       BeginProperty Font 

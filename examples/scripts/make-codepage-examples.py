@@ -101,9 +101,9 @@ def write_project(folder, file_name, name, title, forms, encoding):
         out.write("\r\n".join(lines).encode(encoding))
 
 
-def label(name, caption, left, top, width, height, charset, fontname, extra=()):
+def label(name, caption, left, top, width, height, tab, charset, fontname, extra=()):
     props = [("BackStyle", "0  'Transparent"), ("Caption", caption), ("Height", height), ("Left", left),
-             ("TabIndex", "0"), ("Top", top), ("Width", width)] + list(extra)
+             ("TabIndex", tab), ("Top", top), ("Width", width)] + list(extra)
     return block("VB.Label", name, props, charset, fontname)
 
 
@@ -128,16 +128,16 @@ def make(folder, project, title, encoding, charset, fontname, words, rtl):
             ("StartUpPosition", "3  'Windows Default")]
     offsets = write_frx(folder, "frmNote.frx", [words["note"]], encoding)
     write_form(folder, "frmCustomer.frm", "frmCustomer", words["customer"], size, charset, fontname, [
-        label("lblName", quoted(words["name"] + ":"), "240", "300", "1215", "255", charset, fontname),
+        label("lblName", quoted(words["name"] + ":"), "240", "300", "1215", "255", "0", charset, fontname),
         control("VB.TextBox", "txtName", None, "1560", "240", "2895", "315", "1", charset, fontname),
-        label("lblAddress", quoted(words["address"] + ":"), "240", "780", "1215", "255", charset, fontname),
+        label("lblAddress", quoted(words["address"] + ":"), "240", "780", "1215", "255", "2", charset, fontname),
         control("VB.TextBox", "txtAddress", None, "1560", "720", "2895", "315", "3", charset, fontname),
         control("VB.CommandButton", "cmdSave", words["save"], "1920", "2520", "1215", "375", "4", charset, fontname),
         control("VB.CommandButton", "cmdCancel", words["cancel"], "3240", "2520", "1215", "375", "5", charset, fontname),
         menu("mnuFile", words["file"], [("mnuFileExit", words["exit"])]),
     ], encoding, rtl)
     write_form(folder, "frmNote.frm", "frmNote", words["note_title"], size, charset, fontname, [
-        label("lblNote", '$"frmNote.frx":%04X' % offsets[0], "240", "240", "4215", "1215", charset, fontname),
+        label("lblNote", '$"frmNote.frx":%04X' % offsets[0], "240", "240", "4215", "1215", "0", charset, fontname),
         control("VB.CommandButton", "cmdClose", words["close"], "3240", "2520", "1215", "375", "1", charset, fontname),
     ], encoding, rtl)
     write_project(folder, project + ".vbp", project, title, ["frmCustomer.frm", "frmNote.frm"], encoding)

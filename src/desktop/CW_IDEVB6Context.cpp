@@ -110,11 +110,11 @@ void CW_IDEVB6Context::ReadComponents(Project& project)
         component.path = FindMovedFile(entry.fullPath, project);
         component.windowHandle = m_nextHandle++;
         try {
-            component.file = std::make_unique<Vb6FormFile>(Vb6FormFile::Load(entry.fullPath));
+            component.file = std::make_unique<Vb6FormFile>(Vb6FormFile::Load(component.path));
             component.name = component.file->Form().Name();
         } catch (const ScrivError& error) {
             // The other forms are still read; this one tells why it cannot be.
-            component.name = FileBaseName(entry.fullPath);
+            component.name = FileBaseName(component.path);
             component.error = error.Description();
             Trace("CW_IDEVB6Context: " + component.error);
         }
@@ -126,14 +126,9 @@ std::string CW_IDEVB6Context::FindMovedFile(const std::string& path, const Proje
 {
     // A project made on another machine may name its files by that machine's
     // paths; the files themselves usually came along beside the project.
-    if (FileExists(path))
-        return path;
-    std::string name = FileNameOf(path);
     for (const std::string& folder : { project.file->Folder(), m_groupFolder }) {
-        if (folder.empty())
-            continue;
-        std::string beside = FindPathNoCase(JoinPath(folder, name));
-        if (FileExists(beside)) {
+        std::string beside = FindMovedVb6File(path, folder);
+        if (!beside.empty()) {
             UserWarningMessage("The file '" + path + "' named by the project '" + project.file->Path()
                 + "' does not exist; '" + beside + "' is documented in its place.");
             return beside;

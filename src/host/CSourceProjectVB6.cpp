@@ -61,6 +61,11 @@ bool CSourceProjectVB6::init(const std::string& projectFullPath, const std::stri
 void CSourceProjectVB6::ReadFormHeader(const std::string& relativePath, Vb6FormKind kind, const std::string& subType)
 {
     std::string path = ResolveVb6Path(m_folder, relativePath);
+    std::string relative = relativePath;
+    if (std::string moved = FindMovedVb6File(path, m_folder); !moved.empty()) {
+        path = moved;
+        relative = FileNameOf(moved);
+    }
     if (!FileExists(path))
         return;
     std::optional<Vb6FormFile> file;
@@ -87,7 +92,7 @@ void CSourceProjectVB6::ReadFormHeader(const std::string& relativePath, Vb6FormK
     if (property && property->line < form.FirstNestedLine() && property->Text())
         caption = Trim(*property->Text());
     auto item = std::make_unique<CHelpPrjSourceItem>();
-    item->InitForVb6(m_folder, relativePath, m_name, "VB6", name, caption, subType);
+    item->InitForVb6(m_folder, relative, m_name, "VB6", name, caption, subType);
     std::string key = name;
     m_forms.Add(std::move(key), std::move(item));
 }

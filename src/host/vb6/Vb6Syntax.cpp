@@ -272,6 +272,14 @@ std::string ResolveVb6Path(std::string_view folder, std::string_view path)
     return FindPathNoCase(joined.lexically_normal().string());
 }
 
+std::string FindMovedVb6File(std::string_view path, std::string_view folder)
+{
+    if (FileExists(path) || folder.empty())
+        return {};
+    std::string beside = FindPathNoCase(JoinPath(folder, FileNameOf(ToNativePath(path))));
+    return FileExists(beside) ? beside : std::string();
+}
+
 bool StartsWithVb6Keyword(std::string_view raw, std::string_view keyword)
 {
     std::size_t pos = SkipBlanks(raw, 0);

@@ -51,6 +51,11 @@ std::string Vb6Place(std::string_view fileName, int line);
 // native path: relative ones are joined to folder and normalized; UNC and
 // drive paths cannot be resolved here and only get "/" for "\".
 std::string ResolveVb6Path(std::string_view folder, std::string_view path);
+// The file of the same name as path in folder (in any case of letters), when
+// path names no file and that one exists; "" otherwise. A project made on
+// another machine names its files by that machine's paths, and the files
+// usually came along beside the project.
+std::string FindMovedVb6File(std::string_view path, std::string_view folder);
 
 // --- a line of a form description ---
 
