@@ -3,6 +3,7 @@
 #include <iostream>
 
 #include "desktop/CW_IDEVB6Context.h"
+#include "foundation/CodePage.h"
 #include "foundation/ConsoleUserInterface.h"
 #include "foundation/ErrorMessage.h"
 #include "foundation/IUserInterface.h"
@@ -27,6 +28,9 @@ CliSession::CliSession(const GlobalOptions& options)
     // Without someone to answer, an error report must not start a mail program.
     SetReportDefaultNo(!console.interactive);
     SetUserInterface(std::make_unique<ConsoleUserInterface>(console));
+    m_codePage = options.codePage;
+    if (!m_codePage.empty())
+        SetSystemCodePage(m_codePage);
 }
 
 CliSession::~CliSession()
@@ -40,6 +44,9 @@ void CliSession::Connect(std::unique_ptr<IHostIDEContext> host)
     m_client = std::make_unique<CScrivClient>();
     if (m_client->Connect(std::move(host)) != 0 || !CurrentServer())
         Raise(status::kGeneralFailure, "CliSession.Connect", "The server could not be started.");
+    // The code page given for the run stands whatever the settings say.
+    if (!m_codePage.empty())
+        CurrentServer()->Data().OverrideOption("ApplicationCodePage", OptionValue::Text(m_codePage));
 }
 
 std::unique_ptr<IHostIDEContext> MakeHost(const std::string& hostFile)

@@ -24,6 +24,9 @@ struct GlobalOptions {
     std::string home;
     std::string data;
     bool assumeYes { false };
+    // The code page of the application's texts for this run, where its forms'
+    // fonts name none; empty: the settings'.
+    std::string codePage;
 };
 
 // One run of the program: folders, the console as user interface, and a host
@@ -38,6 +41,7 @@ public:
 
 private:
     std::unique_ptr<CScrivClient> m_client;
+    std::string m_codePage;
 };
 
 class CScrivServer;

@@ -9,6 +9,7 @@
 #include "cli/ScreenshotCommand.h"
 #include "cli/ProjectCommands.h"
 #include "cli/ProjectToolsCommands.h"
+#include "foundation/CodePage.h"
 #include "foundation/EventLoop.h"
 #include "foundation/Version.h"
 
@@ -28,6 +29,13 @@ int main(int argc, char** argv)
         ->check(CLI::ExistingDirectory);
     app.add_option("--data", global.data, "Folder for the user's data: project registry, trace log, settings");
     app.add_flag("-y,--yes", global.assumeYes, "Answer Yes (or OK) to every question of the run");
+    app.add_option("--codepage", global.codePage,
+        "Code page of the application's texts where its forms' fonts name none (windows-1251, CP932 ...)")
+        ->check([](const std::string& value) {
+            return IsKnownEncoding(value) ? std::string() : "'" + value + "' is no code page this system knows";
+        });
+    // The options of the whole program may follow the command's name too.
+    app.fallthrough();
 
     GenerateOptions generate;
     SourceGenerateOptions fromSource;

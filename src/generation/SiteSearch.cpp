@@ -22,6 +22,12 @@ bool IsWordCharacter(char32_t c)
     return (c >= U'0' && c <= U'9') || IsAlphabetic(c);
 }
 
+bool WrittenWithoutBlanks(char32_t c)
+{
+    return (c >= 0x3040 && c <= 0x30FF) || (c >= 0x3400 && c <= 0x4DBF) || (c >= 0x4E00 && c <= 0x9FFF)
+        || (c >= 0xAC00 && c <= 0xD7AF) || (c >= 0xF900 && c <= 0xFAFF);
+}
+
 std::string CollapseWhiteSpace(std::string_view text)
 {
     std::string out;
@@ -120,8 +126,15 @@ std::vector<std::string> SiteSearchIndex::Words(std::string_view text)
     std::vector<std::string> words;
     std::u32string word;
     auto finish = [&]() {
-        if (word.size() >= kMinWordLength && word.size() <= kMaxWordLength)
+        if (word.size() >= kMinWordLength && word.size() <= kMaxWordLength) {
             words.push_back(ToLower(Utf32ToUtf8(word)));
+            // Chinese, Japanese and Korean write no blanks between words: every
+            // tail of a run is a word too, so that a search for the middle of
+            // it finds it by its beginning.
+            if (std::any_of(word.begin(), word.end(), WrittenWithoutBlanks))
+                for (std::size_t start = 1; start + kMinWordLength <= word.size(); ++start)
+                    words.push_back(Utf32ToUtf8(word.substr(start)));
+        }
         word.clear();
     };
     for (char32_t c : Utf8ToUtf32(text)) {

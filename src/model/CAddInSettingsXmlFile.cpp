@@ -154,6 +154,7 @@ void CAddInSettings::Load(const ISettings& settings, bool withProjectFields)
     p.WizardUnattendedExecution = flag("WizardUnattendedExecution");
     p.VerboseTracing = flag("VerboseTracing");
     p.HelpCompilerPath = text("HelpCompilerPath");
+    p.ApplicationCodePage = text("ApplicationCodePage");
 }
 
 void CAddInSettings::Save(ISettings& settings)
@@ -233,6 +234,7 @@ const std::vector<std::string>& CAddInSettings::KnownOptions()
         recorder.names.push_back("VerboseTracing");
         recorder.names.push_back("DefaultHtmlFullPath");
         recorder.names.push_back("HelpCompilerPath");
+        recorder.names.push_back("ApplicationCodePage");
         return recorder.names;
     }();
     return names;

@@ -50,6 +50,9 @@ public:
     bool VerboseTracing { false };
     // The help compiler to run; empty: chmcmd, else hhc, found on PATH.
     std::string HelpCompilerPath;
+    // The code page of the application's texts where the fonts of its forms
+    // name none ("windows-1251"); empty for windows-1252.
+    std::string ApplicationCodePage;
 
     // --- section switches of the page templates and of the project file ---
     bool AddControlsListForMenuList { false };

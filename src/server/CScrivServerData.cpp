@@ -3,6 +3,7 @@
 #include "foundation/AppFolders.h"
 #include "foundation/CTraceLog.h"
 #include "foundation/CXmlMessages.h"
+#include "foundation/CodePage.h"
 #include "foundation/ErrorMessage.h"
 #include "foundation/IUserInterface.h"
 #include "foundation/ObjectNames.h"
@@ -83,6 +84,9 @@ std::uint32_t CScrivServerData::ReLoadSettings(const std::string& path, bool fro
             settings.SetOptionValue(name, value);
         CAddInSettings(Parameters()).Load(settings, true);
     }
+    // Forms whose fonts name no code page are read in the application's.
+    const std::string& codePage = Parameters().ApplicationCodePage;
+    SetSystemCodePage(IsKnownEncoding(codePage) ? codePage : std::string("windows-1252"));
     // The trace follows the settings' wish for detail.
     TraceLog().SetVerbose(Parameters().VerboseTracing);
     TraceLog().SetRotationHeld(Parameters().AutomatedTestModeOn);

@@ -142,3 +142,32 @@ TEST(MovedProject, AFileThatIsNoProjectIsRefused)
 
 }  // namespace
 }  // namespace scriv
+
+namespace scriv {
+namespace {
+
+TEST(RunCodePage, FormsWhoseFontsSayNothingAreReadInTheCodePageGivenForTheRun)
+{
+    test::TempFolder work;
+    test::TempFolder data;
+    std::string app = test::CopyExample("Sklad", work);
+    for (const char* form : { "frmCustomer.frm", "frmNote.frm" }) {
+        std::string bytes = ReadFileText(app + form).value_or("");
+        ASSERT_TRUE(WriteFileBytes(app + form, ReplaceAll(bytes, "Charset         =   204", "Charset         =   0")));
+    }
+    // The program's own options may follow the command's name.
+    std::string output;
+    ASSERT_EQ(RunProgram({ "generate", app + "Sklad.vbp", "--no-compile", "--codepage", "windows-1251", "--yes" }, output,
+                  data.Path()),
+        0)
+        << output;
+    std::string topic = ReadFileText(app + "CHM/Sklad_Form_frmCustomer.htm").value_or("");
+    EXPECT_NE(topic.find("<title>\xD0\x9A\xD0\xB0\xD1\x80\xD1\x82\xD0\xBE\xD1\x87\xD0\xBA\xD0\xB0"), std::string::npos)
+        << topic.substr(0, 300);
+
+    EXPECT_EQ(RunProgram({ "generate", app + "Sklad.vbp", "--codepage", "no-such-code-page" }, output, data.Path()), 2);
+    EXPECT_NE(output.find("no-such-code-page"), std::string::npos) << output;
+}
+
+}  // namespace
+}  // namespace scriv

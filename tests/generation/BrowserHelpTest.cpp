@@ -184,6 +184,20 @@ TEST(SiteSearchIndex, WordsAreLettersAndDigitsInLowerCase)
     EXPECT_EQ(SiteSearchIndex::Words(std::string(50, 'A')), std::vector<std::string> { std::string(50, 'a') });
 }
 
+TEST(SiteSearchIndex, WordsOfEveryScriptAreFoundAsTyped)
+{
+    // Cyrillic and Greek fold to lower case as the search box's query does;
+    // Arabic and Hebrew words stand as they are.
+    EXPECT_EQ(SiteSearchIndex::Words("\xD0\xA1\xD0\x9A\xD0\x9B\xD0\x90\xD0\x94, \xCE\x91\xCF\x80\xCE\xBF\xCE\xB8\xCE\xAE\xCE\xBA\xCE\xB7"),
+        (std::vector<std::string> { "\xD1\x81\xD0\xBA\xD0\xBB\xD0\xB0\xD0\xB4", "\xCE\xB1\xCF\x80\xCE\xBF\xCE\xB8\xCE\xAE\xCE\xBA\xCE\xB7" }));
+    EXPECT_EQ(SiteSearchIndex::Words("\xD8\xA8\xD9\x8A\xD8\xA7\xD9\x86\xD8\xA7\xD8\xAA \xD7\xA9\xD7\x9C\xD7\x95\xD7\x9D"),
+        (std::vector<std::string> { "\xD8\xA8\xD9\x8A\xD8\xA7\xD9\x86\xD8\xA7\xD8\xAA", "\xD7\xA9\xD7\x9C\xD7\x95\xD7\x9D" }));
+    // A run of Japanese is found from any of its characters on.
+    EXPECT_EQ(SiteSearchIndex::Words("\xE5\x9C\xA8\xE5\xBA\xAB\xE7\xAE\xA1\xE7\x90\x86"),
+        (std::vector<std::string> { "\xE5\x9C\xA8\xE5\xBA\xAB\xE7\xAE\xA1\xE7\x90\x86", "\xE5\xBA\xAB\xE7\xAE\xA1\xE7\x90\x86",
+            "\xE7\xAE\xA1\xE7\x90\x86" }));
+}
+
 TEST(SiteSearchIndex, TheIndexScriptIsWrittenExactly)
 {
     SiteSearchIndex index;
