@@ -81,8 +81,10 @@ public:
         MnemonicText parsed = mnemonic ? ParseMnemonic(text) : MnemonicText { text };
         pango_layout_set_text(m_layout, parsed.text.c_str(), static_cast<int>(parsed.text.size()));
         PangoAttrList* attributes = pango_attr_list_new();
-        // Windows breaks lines between words only and never adds a hyphen.
+        // Windows breaks lines between words only and never adds a hyphen, and
+        // its text output neither kerns nor joins letters into ligatures.
         pango_attr_list_insert(attributes, pango_attr_insert_hyphens_new(FALSE));
+        pango_attr_list_insert(attributes, pango_attr_font_features_new("kern 0, liga 0, clig 0"));
         if (font.underline)
             pango_attr_list_insert(attributes, pango_attr_underline_new(PANGO_UNDERLINE_SINGLE));
         if (font.strikethrough)
