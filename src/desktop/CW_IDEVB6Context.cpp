@@ -296,6 +296,7 @@ void CW_IDEVB6Context::CloseComponent(int objType, const std::string& objName, b
         component->file->Save();
     // A closed designer has no window to capture.
     RenderedWindows().Remove(component->windowHandle);
+    component->drawnState.reset();
 }
 
 void CW_IDEVB6Context::SetComponentHelp(int objType, const std::string& objName, int helpContextId)
@@ -321,6 +322,16 @@ void CW_IDEVB6Context::RenderComponent(Component& component)
 {
     if (!component.file)
         return;
+    // A window already showing these pages in this view is not drawn again:
+    // the pictures of a form's frames and pages are taken one after another.
+    std::map<std::string, int> pages;
+    for (const auto& [tabControl, page] : component.shownPages)
+        if (page != 0)
+            pages.emplace(tabControl, page);
+    std::pair<bool, std::map<std::string, int>> state { component.designView, pages };
+    if (component.drawnState == state && RenderedWindows().Find(component.windowHandle))
+        return;
+    component.drawnState = std::move(state);
     CW_IDEVB6FormProcessor processor(*component.file, component.windowHandle);
     IHostObject* form = processor.FindActualFormOfComponent(processor.Component(), false, false);
     processor.SetFirstPageVisibleForTabControls(form);

@@ -2,6 +2,7 @@
 
 #include <map>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -30,6 +31,8 @@ public:
         // page shown of each tab control that is not on its first page.
         bool designView { true };
         std::map<std::string, int> shownPages;
+        // The state the window was last drawn in, while it is open.
+        std::optional<std::pair<bool, std::map<std::string, int>>> drawnState;
     };
 
     // Opens a .vbp or .vbg. Raises ScrivError naming the file when it cannot be

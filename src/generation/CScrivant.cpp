@@ -33,6 +33,7 @@
 #include "model/IHostAgent.h"
 #include "model/IRunContext.h"
 #include "model/Serializers.h"
+#include "screenshots/PictureFileWriter.h"
 #include "screenshots/Screenshot.h"
 #include "uidesc/CClientUIObjectXml.h"
 #include "uidesc/CXmlForm.h"
@@ -249,7 +250,11 @@ std::uint32_t CScrivant::ProcessHelpTreeAndGenerateHelp(bool regenerating)
         Agent().ProgressMeterUpdate(0);
         Agent().ProgressMeterInit("Processing TOC...", total);
         Agent().SetUseProjectGroupAsSourceFlag(parameters.UseProjectGroupAsSource);
+        // A form's pictures are encoded and written while its next tab page
+        // or frame is drawn.
+        m_pictureWriter = std::make_unique<PictureFileWriter>();
         bool cancelled = ProcessHelpTreeAndGenerateHelp1(0, *root, total, counter, regenerating);
+        m_pictureWriter.reset();
         if (cancelled)
             Data().State().GenerationInterrupted = true;
         else
@@ -545,7 +550,12 @@ std::unique_ptr<CXmlForm> CScrivant::DescribeSourceObject(int type, const std::s
         Agent().ActivateComponent(type, name, false, false);
         if (takeScreenshots) {
             Screenshot screenshot;
+            screenshot.SetPictureWriter(m_pictureWriter.get());
             screenshot.LocateObjectsAndTakeScreenshots(*form, FolderOf(form->PicFullPath()));
+            // The topic names only the pictures that are there.
+            if (m_pictureWriter)
+                for (const std::string& failed : m_pictureWriter->Finish())
+                    TraceLog().addMessage("CScrivant.DescribeSourceObject: cannot write the picture " + failed, true);
             Data().GenerationStats().ScreenshotsCount += screenshot.PicturesTaken() > 0 ? 1 : 0;
         }
     }

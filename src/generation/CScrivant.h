@@ -17,6 +17,7 @@ class clsHHK;
 class CScrivantParameters;
 class CXmlForm;
 class IHostForm;
+class PictureFileWriter;
 
 // Turns the loaded contents tree into a help project on disk: one topic per
 // node, then the project's derived files.
@@ -100,6 +101,8 @@ private:
     std::unique_ptr<CHelpPrjTree> m_tree;
     std::unique_ptr<clsHHK> m_helpIndex;
     std::unique_ptr<clsFrmRptHelpContextIds> m_helpContextIds;
+    // While the walk runs.
+    std::unique_ptr<PictureFileWriter> m_pictureWriter;
     std::chrono::steady_clock::time_point m_objectTimer;
     bool m_terminated { false };
 };

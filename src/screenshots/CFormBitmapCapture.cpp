@@ -5,6 +5,7 @@
 #include "desktop/BmpFile.h"
 #include "desktop/PngFile.h"
 #include "desktop/RenderedWindows.h"
+#include "screenshots/PictureFileWriter.h"
 #include "desktop/cJPEG.h"
 #include "foundation/CTraceLog.h"
 #include "foundation/EventLoop.h"
@@ -126,7 +127,7 @@ int CFormBitmapCapture::SavePictureErr1(const Picture* picture, const std::strin
 }
 
 bool CaptureForm(const std::string& path, const std::string& format, const std::string& caption, int width,
-    int height, int hwnd)
+    int height, int hwnd, PictureFileWriter* writer)
 {
     Trace("CaptureForm(1): WinCaption = [" + caption + "], Width = " + std::to_string(width) + ", Height = "
         + std::to_string(height) + ", Hwnd = " + std::to_string(hwnd));
@@ -136,18 +137,24 @@ bool CaptureForm(const std::string& path, const std::string& format, const std::
     if (hwnd == 0)
         return false;
     std::optional<Picture> picture = capture.CaptureFormInDesignView(hwnd, width, height);
-    WritePictureToFile(picture ? &*picture : nullptr, format, path);
+    if (writer && picture)
+        writer->Write(std::move(*picture), path, format);
+    else
+        WritePictureToFile(picture ? &*picture : nullptr, format, path);
     return true;
 }
 
 bool CaptureControl(const std::string& path, const std::string& format, int hwnd, int left, int top, int width,
-    int height)
+    int height, PictureFileWriter* writer)
 {
     LogicLoop().RunPending();
     std::optional<Picture> picture = CaptureWindow(hwnd, true, left, top, width, height);
     if (!picture)
         return false;
-    WritePictureToFile(&*picture, format, path);
+    if (writer)
+        writer->Write(std::move(*picture), path, format);
+    else
+        WritePictureToFile(&*picture, format, path);
     return true;
 }
 

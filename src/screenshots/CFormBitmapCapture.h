@@ -46,13 +46,16 @@ public:
 // Captures a form's window, found by caption when the handle is 0, width by
 // height from its corner, into path in the format ("bmp" or "jpg"). False
 // when no window is found.
+class PictureFileWriter;
+
+// With a writer the file is written on its thread.
 bool CaptureForm(const std::string& path, const std::string& format, const std::string& caption, int width,
-    int height, int hwnd);
+    int height, int hwnd, PictureFileWriter* writer = nullptr);
 
 // Captures a control: the area at left, top of the form window's client area,
 // width by height, into path in the format. Lets pending work run once first,
 // so that the form is drawn as it stands. False when no picture came back.
 bool CaptureControl(const std::string& path, const std::string& format, int hwnd, int left, int top, int width,
-    int height);
+    int height, PictureFileWriter* writer = nullptr);
 
 }  // namespace scriv

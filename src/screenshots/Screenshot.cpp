@@ -99,7 +99,7 @@ void Screenshot::LocateObjectsAndTakeScreenshots(CXmlForm& form, const std::stri
     form.SetPicFullPath(picture);
     Trace("TakeFormAndCompoundControlsScreenshots: Form = [" + form.Name + "], picFullPath = " + picture);
     MakeFolders(FolderOf(picture));
-    if (CaptureForm(picture, PictureFormat(), form.Caption(), form.Width, form.Height, form.hWnd))
+    if (CaptureForm(picture, PictureFormat(), form.Caption(), form.Width, form.Height, form.hWnd, m_writer))
         ++m_taken;
     for (auto& entry : form.Controls())
         TakeCompoundControlScreenshot(form, *entry.value, form.hWnd, targetFolder);
@@ -119,7 +119,7 @@ void Screenshot::TakeCompoundControlScreenshot(CXmlForm& form, CXmlControl& cont
             if (IHostAgent* agent = CurrentHostAgent())
                 agent->ActivateControl(PageName(form, control), false, false);
         std::string picture = InFolder(control.PicFullPath, targetFolder);
-        if (CaptureControl(picture, PictureFormat(), hwnd, control.Left, control.Top, control.Width, control.Height))
+        if (CaptureControl(picture, PictureFormat(), hwnd, control.Left, control.Top, control.Width, control.Height, m_writer))
             ++m_taken;
         control.PicFullPath = picture;
     }

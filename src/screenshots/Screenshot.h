@@ -8,6 +8,7 @@ namespace scriv {
 
 class CXmlControl;
 class CXmlForm;
+class PictureFileWriter;
 
 // What a single form's screenshot needs of the generation: the form's
 // normalised description, and its topic written beside the picture. The
@@ -43,6 +44,8 @@ public:
     static std::string PageName(const CXmlForm& form, const CXmlControl& control);
     // Pictures written by the last call.
     int PicturesTaken() const { return m_taken; }
+    // Pictures go to the writer's thread instead of being written at once.
+    void SetPictureWriter(PictureFileWriter* writer) { m_writer = writer; }
 
     // --- one form at a time, as a screenshot tool asks ---
     // Every call below clears the last error first and answers false with
@@ -74,6 +77,7 @@ private:
     void ClearError();
 
     int m_taken { 0 };
+    PictureFileWriter* m_writer { nullptr };
     std::string m_loadedPath;
     std::string m_snapshotFormat;
     std::string m_htmlFolder;
