@@ -3,6 +3,7 @@
 #include <iostream>
 
 #include "desktop/CW_IDEVB6Context.h"
+#include "desktop/CW_IDEVSContext.h"
 #include "foundation/ConsoleUserInterface.h"
 #include "foundation/ErrorMessage.h"
 #include "foundation/IUserInterface.h"
@@ -48,6 +49,9 @@ std::unique_ptr<IHostIDEContext> MakeHost(const std::string& hostFile)
         return std::make_unique<CFakeHostContext>();
     if (EndsWithNoCase(hostFile, ".vbp") || EndsWithNoCase(hostFile, ".vbg"))
         return CW_IDEVB6Context::Open(hostFile);
+    for (const char* extension : { ".sln", ".csproj", ".vbproj", ".vjsproj", ".vcproj" })
+        if (EndsWithNoCase(hostFile, extension))
+            return CW_IDEVSContext::Open(hostFile);
     return CFakeHostContext::FromFile(hostFile);
 }
 

@@ -129,7 +129,7 @@ int RunGenerateSource(const GlobalOptions& global, const SourceGenerateOptions& 
         if (options.open)
             data.OverrideOption("OpenHTMLHelp", OptionValue::Bool(true));
         // A group is documented whole: one help for all its projects.
-        if (EndsWithNoCase(source, ".vbg"))
+        if (EndsWithNoCase(source, ".vbg") || EndsWithNoCase(source, ".sln"))
             data.OverrideOption("UseProjectGroupAsSource", OptionValue::Bool(true));
         std::uint32_t status = server.OpenNewProject();
         if (status != 0)

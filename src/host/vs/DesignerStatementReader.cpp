@@ -857,6 +857,16 @@ private:
         }
         if (shortType == "Font")
             return {};
+        // new decimal(new int[] { low, middle, high, flags }): the scale is in the flags' third byte.
+        if ((shortType == "decimal" || shortType == "Decimal") && values.size() == 1
+            && values[0].kind == DesignValue::Kind::List && values[0].items.size() == 4) {
+            const std::vector<DesignValue>& parts = values[0].items;
+            if (parts[0].kind != DesignValue::Kind::Number || parts[3].kind != DesignValue::Kind::Number)
+                return {};
+            int scale = (static_cast<int>(parts[3].number) >> 16) & 0xFF;
+            double sign = static_cast<int>(parts[3].number) < 0 ? -1 : 1;
+            return NumberValue(sign * parts[0].number / std::pow(10.0, scale));
+        }
         DesignValue created;
         created.kind = DesignValue::Kind::New;
         created.text = type;
