@@ -3,6 +3,7 @@
 #include <iostream>
 
 #include "desktop/CW_IDEVB6Context.h"
+#include "desktop/CW_ExcelContext.h"
 #include "desktop/CW_IDEVSContext.h"
 #include "foundation/ConsoleUserInterface.h"
 #include "foundation/ErrorMessage.h"
@@ -52,6 +53,8 @@ std::unique_ptr<IHostIDEContext> MakeHost(const std::string& hostFile)
     for (const char* extension : { ".sln", ".csproj", ".vbproj", ".vjsproj", ".vcproj" })
         if (EndsWithNoCase(hostFile, extension))
             return CW_IDEVSContext::Open(hostFile);
+    if (EndsWithNoCase(hostFile, ".xlsx") || EndsWithNoCase(hostFile, ".xlsm"))
+        return CW_ExcelContext::Open(hostFile);
     return CFakeHostContext::FromFile(hostFile);
 }
 

@@ -42,8 +42,9 @@ private:
 
 class CScrivServer;
 
-// The host of a source: a VB6 project or group read from its files, an XML
-// description of projects and forms, or (for "") a host with no projects.
+// The host of a source: a VB6 project or group, a Visual Studio solution or
+// project, an Excel workbook, read from their files; an XML description of
+// projects and forms; or (for "") a host with no projects.
 std::unique_ptr<IHostIDEContext> MakeHost(const std::string& hostFile);
 // The exit code of a status: 0 done, cancelled, or failed.
 int ExitCodeOf(std::uint32_t status);
