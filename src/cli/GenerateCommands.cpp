@@ -131,6 +131,10 @@ int RunGenerateSource(const GlobalOptions& global, const SourceGenerateOptions& 
         // A group is documented whole: one help for all its projects.
         if (EndsWithNoCase(source, ".vbg") || EndsWithNoCase(source, ".sln"))
             data.OverrideOption("UseProjectGroupAsSource", OptionValue::Bool(true));
+        // A database's tables, queries and macros have topics of their own.
+        if (IsAccessSource(source))
+            for (const char* group : { "GenerateHelpForTables", "GenerateHelpForQueries", "GenerateHelpForMacros" })
+                data.OverrideOption(group, OptionValue::Bool(true));
         std::uint32_t status = server.OpenNewProject();
         if (status != 0)
             return ExitCodeOf(status);

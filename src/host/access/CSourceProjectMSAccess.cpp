@@ -4,6 +4,7 @@
 #include <random>
 
 #include "foundation/CTraceLog.h"
+#include "host/access/AccessDefinition.h"
 #include "foundation/CUTF8File.h"
 #include "foundation/IUserInterface.h"
 #include "foundation/MsgBox.h"
@@ -150,9 +151,8 @@ void CSourceProjectMSAccess::ReadNames(IHostAgent& agent, const Kind& kind, cons
             std::string file = TemporaryFileName(kind.tempPrefix, ".txt");
             agent.SaveAsText(kind.objectType, name, file);
             if (FileExists(file)) {
-                CUTF8FileReader reader;
-                if (reader.LoadFile(file) == 0) {
-                    DefinitionSummary summary = ReadDefinitionText(reader.Text(), kind.subType);
+                if (std::optional<std::string> text = ReadDefinitionFile(file)) {
+                    DefinitionSummary summary = ReadDefinitionText(*text, kind.subType);
                     if (!Trim(summary.caption).empty())
                         caption = summary.caption;
                     m_subObjects[ToLower(name)] = summary.subObjects;

@@ -6,6 +6,7 @@
 #include "foundation/MsgBox.h"
 #include "foundation/Paths.h"
 #include "foundation/StringUtil.h"
+#include "host/access/AccessDefinition.h"
 #include "host/access/CSourceProjectMSAccess.h"
 #include "model/IHostAgent.h"
 #include "model/IRunContext.h"
@@ -60,9 +61,8 @@ void CSourceProjectMSExcel::ReadNames(IHostAgent& agent, const std::vector<std::
             std::string file = TemporaryFileName("~f_", ".txt");
             agent.SaveAsText(2, name, file);
             if (FileExists(file)) {
-                CUTF8FileReader reader;
-                if (reader.LoadFile(file) == 0) {
-                    std::string found = ReadDefinitionText(reader.Text(), "").caption;
+                if (std::optional<std::string> text = ReadDefinitionFile(file)) {
+                    std::string found = ReadDefinitionText(*text, "").caption;
                     if (!Trim(found).empty())
                         caption = found;
                 }

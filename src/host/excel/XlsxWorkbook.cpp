@@ -506,7 +506,7 @@ void ReadChartPart(const Package& package, const std::string& part, XlsxChart& c
         return;
     pugi::xml_node body = Child(document.document_element(), "chart");
     if (pugi::xml_node title = Child(body, "title"))
-        chart.title = Trim(TextOf(title));
+        chart.title = TrimWhitespace(TextOf(title));
     pugi::xml_node plot = Child(body, "plotArea");
     for (pugi::xml_node kind : plot.children()) {
         std::string name = LocalName(kind);
@@ -518,7 +518,7 @@ void ReadChartPart(const Package& package, const std::string& part, XlsxChart& c
                 chart.type = "column";
         }
         for (pugi::xml_node series : Children(kind, "ser")) {
-            std::string seriesName = Trim(TextOf(Child(series, "tx")));
+            std::string seriesName = TrimWhitespace(TextOf(Child(series, "tx")));
             if (seriesName.empty()) {
                 pugi::xml_node cached = Descendant(Child(series, "tx"), "v");
                 seriesName = cached.text().as_string();

@@ -31,7 +31,7 @@ std::string ChildText(const pugi::xml_node& element, std::string_view name)
 {
     for (pugi::xml_node child : element.children())
         if (child.type() == pugi::node_element && EqualsNoCase(LocalName(child), name))
-            return Trim(child.text().as_string());
+            return TrimWhitespace(child.text().as_string());
     return {};
 }
 
