@@ -291,21 +291,21 @@ std::vector<QueryColumn> SelectColumns(const std::string& sql)
         return columns;
     std::size_t from = FindWord(sql, "FROM", select);
     std::string list = sql.substr(select + 6, from == std::string::npos ? std::string::npos : from - select - 6);
-    for (const char* word : { "DISTINCTROW", "DISTINCT", "ALL" }) {
-        std::string trimmed = TrimWhitespace(list);
-        if (StartsWithNoCase(trimmed, word) && FindWord(trimmed, word) == 0)
-            list = trimmed.substr(std::string_view(word).size());
+    std::string rest = TrimWhitespace(list);
+    auto dropWord = [&](std::string_view word) {
+        if (FindWord(rest, word) != 0)
+            return false;
+        rest = TrimWhitespace(rest.substr(word.size()));
+        return true;
+    };
+    for (const char* word : { "DISTINCTROW", "DISTINCT", "ALL" })
+        dropWord(word);
+    if (dropWord("TOP")) {
+        std::size_t space = rest.find_first_of(" \t\r\n");
+        rest = space == std::string::npos ? std::string() : TrimWhitespace(rest.substr(space));
+        dropWord("PERCENT");
     }
-    std::string trimmed = TrimWhitespace(list);
-    if (StartsWithNoCase(trimmed, "TOP ") && FindWord(trimmed, "TOP") == 0) {
-        std::size_t at = trimmed.find_first_of(" \t", 4);
-        while (at != std::string::npos && at < trimmed.size() && std::isspace(static_cast<unsigned char>(trimmed[at])))
-            ++at;
-        std::size_t next = trimmed.find_first_of(" \t", at);
-        if (next != std::string::npos && StartsWithNoCase(TrimWhitespace(trimmed.substr(next)), "PERCENT"))
-            next = trimmed.find_first_of(" \t", trimmed.find_first_not_of(" \t", next) + 7);
-        list = next == std::string::npos ? std::string() : trimmed.substr(next);
-    }
+    list = rest;
     // The table an unqualified field comes from, when the query reads one.
     std::string onlyTable;
     if (from != std::string::npos) {
