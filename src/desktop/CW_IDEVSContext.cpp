@@ -153,8 +153,9 @@ CW_IDEVSContext::Component* CW_IDEVSContext::FindComponent(const std::string& na
 
 bool CW_IDEVSContext::DrawsForms()
 {
+    // The designer code read is that of C# and Visual Basic.
     const std::string& type = Current().typeName;
-    return !EqualsNoCase(type, "ASP.NET") && !EqualsNoCase(type, "C++");
+    return EqualsNoCase(type, "C#") || EqualsNoCase(type, "VB.NET");
 }
 
 WinFormDesign& CW_IDEVSContext::DesignOf(Component& component)

@@ -15,8 +15,8 @@ class WinFormDesign;
 // project (.csproj, .vbproj, .vjsproj, .vcproj). The projects of a solution
 // are the source projects; each lists its forms through the project readers,
 // and a form is read from its designer code when first asked for and drawn
-// as a Windows Forms window. Pages of web projects and forms of C++ projects
-// are listed and described without a picture.
+// as a Windows Forms window. Pages of web projects and forms of J# and C++
+// projects are listed and described without a picture.
 class CW_IDEVSContext : public CHostContextBase {
 public:
     // One form, user control or web page of a project.
@@ -44,7 +44,8 @@ public:
     // The components of the current project, read on first use.
     std::vector<Component>& Components();
     Component* FindComponent(const std::string& name);
-    // Whether the current project's forms are drawn (not for web pages and C++ forms).
+    // Whether the current project's forms are drawn: those of C# and VB.NET
+    // projects; web pages and the forms of J# and C++ projects are described without a picture.
     bool DrawsForms();
 
     // ^IHostIDEContext
