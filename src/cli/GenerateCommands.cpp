@@ -61,7 +61,9 @@ std::string RegisteredSource(const std::string& projectFile)
     CAddInProjects registry;
     registry.init(Folders().UserDataFolder() + kProgramBaseName + "Projects.xml");
     CAddInProject* project = registry.GetProjectDefinitionBySvpFullPath(projectFile);
-    if (!project || project->SourceProjectFullPath.empty() || !FileExists(project->SourceProjectFullPath))
+    // An Access application may be a folder of its exported objects.
+    if (!project || project->SourceProjectFullPath.empty()
+        || (!FileExists(project->SourceProjectFullPath) && !FolderExists(project->SourceProjectFullPath)))
         return {};
     return project->SourceProjectFullPath;
 }

@@ -1,12 +1,16 @@
 #include <gtest/gtest.h>
 
+#include <regex>
+
 #include "desktop/CAccessFormRenderer.h"
 #include "desktop/CW_AccessContext.h"
 #include "desktop/RenderedWindows.h"
 #include "desktop/SystemColours.h"
 #include "host/access/CSourceProjectMSAccess.h"
 #include "host/access/CW_AccessFormProcessor.h"
+#include "model/CHelpPrjTree.h"
 #include "model/IHelpPrjSourceProject.h"
+#include "model/Serializers.h"
 #include "model/IHostAgent.h"
 #include "support/CoreFixture.h"
 #include "uidesc/CXmlForm.h"
@@ -113,6 +117,38 @@ TEST_F(AccessHostTest, TablesQueriesAndMacrosAreDescribedByTheirFields)
     ASSERT_EQ(macro.Controls().Count(), 1u);
     EXPECT_EQ(macro.Controls().At(0).value->Caption(), "MsgBox Hello");
     EXPECT_EQ(macro.Controls().At(0).value->Description, "Says hello");
+}
+
+TEST_F(AccessHostTest, TheObjectsOfEachKindBecomeNodesOfTheirKind)
+{
+    m_app.Write("Shop/tables.sql", "CREATE TABLE [Order Lines] ([Id] Long Integer);\r\n");
+    m_app.Write("Shop/rptDaily.report", "Begin Report\r\n    Caption =\"Daily \\\"totals\\\"\"\r\nEnd\r\n");
+    std::unique_ptr<IHelpPrjSourceProject> source = Parse();
+    ASSERT_TRUE(source);
+    CHelpPrjTree tree;
+    ASSERT_EQ(tree.Load("", true, "<Project Key='P'><Topic Key='A' GeneratedHtmlFile='Shop_Table_Order_Lines.htm'/></Project>"),
+        0u);
+    CHelpPrjObjectsCF factory;
+    std::unique_ptr<IXmlSerializer> tables = factory.CreateObject("GetTablesXml");
+    ASSERT_TRUE(tables);
+    std::string table = tables->XmlCollection(tree, *source).at(0);
+    EXPECT_EQ(table.rfind("<TABLE Name=\"Order Lines\" Key=\"Shop.Table_Order Lines\"", 0), 0u) << table;
+    EXPECT_NE(table.find("type = \"0 \""), std::string::npos);
+    EXPECT_NE(table.find("SourceProjectType = \"MS ACCESS\""), std::string::npos);
+    // A page name holds no blank; one taken already gets the time of day.
+    std::smatch match;
+    ASSERT_TRUE(std::regex_search(table, match, std::regex("GeneratedHTMLFile = \"([^\"]*)\"")));
+    EXPECT_TRUE(std::regex_match(match[1].str(), std::regex("Shop_Table_Order_Lines_[0-9]{6}\\.htm"))) << match[1];
+    std::unique_ptr<IXmlSerializer> reports = factory.CreateReportsListObject();
+    std::string report = reports->XmlCollection(tree, *source).at(0);
+    EXPECT_NE(report.find("<REPORT Name=\"rptDaily\""), std::string::npos);
+    EXPECT_NE(report.find("type = \"3 \""), std::string::npos);
+    // The caption is kept as the definition writes it, encoded so that the node reads back.
+    EXPECT_NE(report.find("caption=\"Daily &#92;&#34;totals&#92;&#34;\""), std::string::npos) << report;
+    // The forms are those of the plain factory; an unknown name makes nothing.
+    EXPECT_NE(dynamic_cast<clsVBFormsList*>(factory.CreateObject("GetVBFormsXml").get()), nullptr);
+    EXPECT_EQ(factory.CreateObject("GetNothingXml"), nullptr);
+    EXPECT_TRUE(factory.CreateWorksheetsListObject()->XmlCollection(tree, *source).empty());
 }
 
 TEST_F(AccessHostTest, AFormIsDrawnInFormViewWithItsSubform)
