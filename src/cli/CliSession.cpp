@@ -3,6 +3,9 @@
 #include <iostream>
 
 #include "desktop/CW_IDEVB6Context.h"
+#include "desktop/CW_AccessContext.h"
+#include "desktop/CW_ExcelContext.h"
+#include "desktop/CW_IDEVSContext.h"
 #include "foundation/CodePage.h"
 #include "foundation/ConsoleUserInterface.h"
 #include "foundation/ErrorMessage.h"
@@ -55,7 +58,19 @@ std::unique_ptr<IHostIDEContext> MakeHost(const std::string& hostFile)
         return std::make_unique<CFakeHostContext>();
     if (EndsWithNoCase(hostFile, ".vbp") || EndsWithNoCase(hostFile, ".vbg"))
         return CW_IDEVB6Context::Open(hostFile);
+    for (const char* extension : { ".sln", ".csproj", ".vbproj", ".vjsproj", ".vcproj" })
+        if (EndsWithNoCase(hostFile, extension))
+            return CW_IDEVSContext::Open(hostFile);
+    if (EndsWithNoCase(hostFile, ".xlsx") || EndsWithNoCase(hostFile, ".xlsm"))
+        return CW_ExcelContext::Open(hostFile);
+    if (IsAccessSource(hostFile))
+        return CW_AccessContext::Open(hostFile);
     return CFakeHostContext::FromFile(hostFile);
+}
+
+bool IsAccessSource(const std::string& path)
+{
+    return EndsWithNoCase(path, ".mdb") || EndsWithNoCase(path, ".accdb") || FolderExists(path);
 }
 
 int ExitCodeOf(std::uint32_t status)

@@ -46,9 +46,13 @@ private:
 
 class CScrivServer;
 
-// The host of a source: a VB6 project or group read from its files, an XML
-// description of projects and forms, or (for "") a host with no projects.
+// The host of a source: a VB6 project or group, a Visual Studio solution or
+// project, an Excel workbook, an Access database or folder of exported
+// Access objects, read from their files; an XML description of projects and
+// forms; or (for "") a host with no projects.
 std::unique_ptr<IHostIDEContext> MakeHost(const std::string& hostFile);
+// Whether a source is an Access application: a database, or a folder of its exported objects.
+bool IsAccessSource(const std::string& path);
 // The exit code of a status: 0 done, cancelled, or failed.
 int ExitCodeOf(std::uint32_t status);
 // Runs body in a session connected to the host of hostFile, with the

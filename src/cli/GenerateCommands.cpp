@@ -69,7 +69,9 @@ std::string RegisteredSource(const std::string& projectFile)
     CAddInProjects registry;
     registry.init(Folders().UserDataFolder() + kProgramBaseName + "Projects.xml");
     CAddInProject* project = registry.GetProjectDefinitionBySvpFullPath(projectFile);
-    if (!project || project->SourceProjectFullPath.empty() || !FileExists(project->SourceProjectFullPath))
+    // An Access application may be a folder of its exported objects.
+    if (!project || project->SourceProjectFullPath.empty()
+        || (!FileExists(project->SourceProjectFullPath) && !FolderExists(project->SourceProjectFullPath)))
         return {};
     return project->SourceProjectFullPath;
 }
@@ -137,8 +139,12 @@ int RunGenerateSource(const GlobalOptions& global, const SourceGenerateOptions& 
         if (options.open)
             data.OverrideOption("OpenHTMLHelp", OptionValue::Bool(true));
         // A group is documented whole: one help for all its projects.
-        if (EndsWithNoCase(source, ".vbg"))
+        if (EndsWithNoCase(source, ".vbg") || EndsWithNoCase(source, ".sln"))
             data.OverrideOption("UseProjectGroupAsSource", OptionValue::Bool(true));
+        // A database's tables, queries and macros have topics of their own.
+        if (IsAccessSource(source))
+            for (const char* group : { "GenerateHelpForTables", "GenerateHelpForQueries", "GenerateHelpForMacros" })
+                data.OverrideOption(group, OptionValue::Bool(true));
         std::uint32_t status = server.OpenNewProject();
         if (status != 0)
             return ExitCodeOf(status);

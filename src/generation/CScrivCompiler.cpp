@@ -258,7 +258,7 @@ void CScrivCompiler::FindNewSourceObjects()
                 items.RemoveAt(i);
         }
     }
-    CHelpPrjTreeCF factory;
+    CHelpPrjObjectsCF factory;
     for (std::size_t group = 0; group < kGroups; ++group) {
         if (ItemsOf(*source, group).Count() == 0)
             continue;

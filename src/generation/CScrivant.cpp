@@ -769,6 +769,11 @@ std::uint32_t CScrivant::LoadTreviewForActiveProject(bool keep, IHostForm* progr
             return status::kAbandoned;
         ShowStep("Loading TOC treeview...");
         std::string contents = ParameterizedFolder() + kProgramBaseName + "Contents.xml";
+        // A database or workbook has contents of its own: its tables, queries, worksheets ...
+        std::string ofType = ParameterizedFolder() + kProgramBaseName + "Contents."
+            + RemoveAll(ToUpper(Agent().CurrentSourceProjectTypeName()), " ") + ".xml";
+        if (FileExists(ofType))
+            contents = ofType;
         std::string settings = Data().SettingsFilePath();
         // A settings file may carry the user's own default contents.
         bool fromSettings = (!hhc.empty() || !svp.empty()) && FileExists(settings)
@@ -777,7 +782,7 @@ std::uint32_t CScrivant::LoadTreviewForActiveProject(bool keep, IHostForm* progr
         if (closed())
             return status::kAbandoned;
         ShowStep("Expanding serializer nodes...");
-        CHelpPrjTreeCF factory;
+        CHelpPrjObjectsCF factory;
         bool first = true;
         tree.ExpandSerializerNodes(factory, [&]() -> std::unique_ptr<IHelpPrjSourceProject> {
             // The project parsed above serves the first expansion; a group's

@@ -140,7 +140,9 @@ void CHostContextBase::Dispatch(CXmlCommand& command)
     } else if (is("CorrectInsideWidthAndHeigh") || is("ResetInsideWidthAndHeigh")) {
         // Access only; these two names are one letter short of the operations on purpose.
     } else if (is("GetSourceTablesList") || is("GetComponentDescription")) {
-        answer("");
+        // A host without tables or descriptions answers nothing.
+        if (!ProcessOtherCommand(command))
+            answer("");
     } else if (is("SetUseProjectGroupAsSourceFlag")) {
         SetUseProjectGroupAsSource(ParamBool(command, "UseProjectGroupAsSourceFlag"));
     } else if (is("CurrentSourceProjectIsNewUnsaved")) {

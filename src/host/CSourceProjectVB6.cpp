@@ -6,6 +6,9 @@
 #include "foundation/Paths.h"
 #include "foundation/ScrivError.h"
 #include "foundation/StringUtil.h"
+#include "host/access/CSourceProjectMSAccess.h"
+#include "host/excel/CSourceProjectMSExcel.h"
+#include "host/vs/CSourceProjectVS.h"
 
 namespace scriv {
 
@@ -109,7 +112,14 @@ void CSourceProjectVB6::Terminate()
 bool CHelpPrjSourceProject::init(const std::string& projectFullPath, const std::string& typeName)
 {
     std::vector<std::unique_ptr<IHelpPrjSourceProject>> readers;
+    readers.push_back(std::make_unique<CSourceProjectAspNet>());
+    readers.push_back(std::make_unique<CSourceProjectMSAccess>());
     readers.push_back(std::make_unique<CSourceProjectVB6>());
+    readers.push_back(std::make_unique<CSourceProjectVBNet>());
+    readers.push_back(std::make_unique<CSourceProjectCS>());
+    readers.push_back(std::make_unique<CSourceProjectJS>());
+    readers.push_back(std::make_unique<CSourceProjectCPP>());
+    readers.push_back(std::make_unique<CSourceProjectMSExcel>());
     for (auto& reader : readers) {
         if (reader->init(projectFullPath, typeName)) {
             m_reader = std::move(reader);

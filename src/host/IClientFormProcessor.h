@@ -95,6 +95,13 @@ public:
     virtual std::string GetLabelControlParentName(IHostObject* control) = 0;
     virtual Rect GetControlRectangleInTwips(IHostObject* form, IHostObject* control) = 0;
     virtual Rect GetTabPageTabRectangleInTwips(int page, IHostObject* form, IHostObject* control) = 0;
+    // Where a page of a tab control stands. A host whose pages have places of
+    // their own (Windows Forms) answers the page's rectangle relative to the
+    // tab control; by default a page is where its tab control is.
+    virtual Rect TabPageRectangle(IHostObject* form, IHostObject* control, int page)
+    {
+        return GetControlRectangleInTwips(form, control);
+    }
     virtual int GetComponentHwnd(IHostObject* component, bool a, bool b) = 0;
     virtual void SetComponentHelpContextId(IHostObject* form, bool a, int id) = 0;
     virtual int GetComponentHelpContextId(IHostObject* form, bool a) = 0;

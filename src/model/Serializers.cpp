@@ -92,6 +92,93 @@ const std::vector<std::string>& clsVBFormsList::XmlCollection(CHelpPrjTree& tree
     return m_collection;
 }
 
+// --- clsObjectsList ---
+
+namespace {
+
+struct ObjectKind {
+    const char* kind;
+    int type;
+    const char* serializer;
+};
+
+constexpr ObjectKind kObjectKinds[] = {
+    { "Report", 3, "GetVBReportsXml" },
+    { "Table", 0, "GetTablesXml" },
+    { "Query", 1, "GetQueriesXml" },
+    { "Macro", 4, "GetMacrosXml" },
+    { "Worksheet", 81, "GetWorksheetsXml" },
+    { "Chart", 82, "GetChartsXml" },
+};
+
+SourceItems* ItemsOfKind(IHelpPrjSourceProject& source, const std::string& kind)
+{
+    if (kind == "Report")
+        return &source.Reports();
+    if (kind == "Table")
+        return &source.Tables();
+    if (kind == "Query")
+        return &source.Queries();
+    if (kind == "Macro")
+        return &source.Macros();
+    if (kind == "Worksheet")
+        return &source.Worksheets();
+    if (kind == "Chart")
+        return &source.Charts();
+    return nullptr;
+}
+
+// A page name no node has: the project, the kind and the object, else with the time of day.
+std::string UniqueObjectFileName(const CHelpPrjTree& tree, const std::string& projectName, const std::string& kind,
+    const std::string& name)
+{
+    // Tables and charts are named with blanks, which a page name of compiled help may not hold.
+    std::string fileName = XmlEncodeChars(projectName) + "_" + kind + "_" + GetComponentFileName(ReplaceAll(name, " ", "_"))
+        + ".htm";
+    if (!FileNameTaken(tree, fileName))
+        return fileName;
+    return FileBaseName(fileName) + "_" + FormatLocalTime(std::chrono::system_clock::now(), "%H%M%S") + ".htm";
+}
+
+}  // namespace
+
+std::string clsObjectsList::XmlText() const
+{
+    std::string text;
+    for (const std::string& item : m_collection)
+        text += item + std::string(kCrLf);
+    return text;
+}
+
+const std::vector<std::string>& clsObjectsList::XmlCollection(CHelpPrjTree& tree, IHelpPrjSourceProject& sourceProject)
+{
+    SourceItems* items = ItemsOfKind(sourceProject, m_kind);
+    if (!items)
+        return m_collection;
+    int type = -1;
+    for (const ObjectKind& kind : kObjectKinds)
+        if (m_kind == kind.kind)
+            type = kind.type;
+    SourceProjectNames source = CurrentSourceProjectNames();
+    std::string encodedProject = XmlEncodeChars(source.name);
+    bool byName = Parameters().IdentifyControls() != 0;
+    std::string tag = ToUpper(m_kind);
+    for (const auto& entry : *items) {
+        const CHelpPrjSourceItem& object = *entry.value;
+        std::string name = XmlEncodeChars(object.FormName);
+        std::string caption = XmlEncodeChars(byName ? object.FormName : object.FormCaption);
+        std::string item = "<" + tag + " Name=\"" + name + "\" Key=\"" + encodedProject + "." + m_kind + "_" + name
+            + "\" caption=\"" + caption + "\" icon = \"" + ToLower(m_kind) + "\" ProcessCode=\"999\" GeneratedHTMLFile = \""
+            + UniqueObjectFileName(tree, source.name, m_kind, object.FormName) + "\" title = \""
+            + XmlEncodeChars(object.FormCaption) + "\" type = \"" + std::to_string(type) + " \"";
+        item += " SourceProjectType = \"" + source.typeName + "\" ";
+        item += " SourceProjectName = \"" + source.name + "\" ";
+        item += "/>";
+        m_collection.push_back(std::move(item));
+    }
+    return m_collection;
+}
+
 // --- CHelpPrjTreeCF ---
 
 std::unique_ptr<IXmlSerializer> CHelpPrjTreeCF::CreateObject(const std::string& name)
@@ -104,6 +191,46 @@ std::unique_ptr<IXmlSerializer> CHelpPrjTreeCF::CreateObject(const std::string& 
 std::unique_ptr<IXmlSerializer> CHelpPrjTreeCF::CreateFormsListObject()
 {
     return std::make_unique<clsVBFormsList>();
+}
+
+// --- CHelpPrjObjectsCF ---
+
+std::unique_ptr<IXmlSerializer> CHelpPrjObjectsCF::CreateObject(const std::string& name)
+{
+    for (const ObjectKind& kind : kObjectKinds)
+        if (name == kind.serializer)
+            return std::make_unique<clsObjectsList>(kind.kind);
+    return CHelpPrjTreeCF::CreateObject(name);
+}
+
+std::unique_ptr<IXmlSerializer> CHelpPrjObjectsCF::CreateReportsListObject()
+{
+    return std::make_unique<clsObjectsList>("Report");
+}
+
+std::unique_ptr<IXmlSerializer> CHelpPrjObjectsCF::CreateTablesListObject()
+{
+    return std::make_unique<clsObjectsList>("Table");
+}
+
+std::unique_ptr<IXmlSerializer> CHelpPrjObjectsCF::CreateQueriesListObject()
+{
+    return std::make_unique<clsObjectsList>("Query");
+}
+
+std::unique_ptr<IXmlSerializer> CHelpPrjObjectsCF::CreateMacrosListObject()
+{
+    return std::make_unique<clsObjectsList>("Macro");
+}
+
+std::unique_ptr<IXmlSerializer> CHelpPrjObjectsCF::CreateWorksheetsListObject()
+{
+    return std::make_unique<clsObjectsList>("Worksheet");
+}
+
+std::unique_ptr<IXmlSerializer> CHelpPrjObjectsCF::CreateChartsListObject()
+{
+    return std::make_unique<clsObjectsList>("Chart");
 }
 
 }  // namespace scriv

@@ -47,6 +47,25 @@ private:
     std::vector<std::string> m_collection;
 };
 
+// The reports, tables, queries, macros, worksheets or charts of a source
+// project as nodes of their kind (REPORT, TABLE ...), one topic each.
+class clsObjectsList : public IXmlSerializer {
+public:
+    // kind is the subtype of the items: "Report", "Table", "Query", "Macro", "Worksheet", "Chart".
+    explicit clsObjectsList(std::string kind)
+        : m_kind(std::move(kind))
+    {
+    }
+    // ^IXmlSerializer
+    std::string XmlText() const override;
+    const std::vector<std::string>& XmlCollection(CHelpPrjTree& tree, IHelpPrjSourceProject& sourceProject) override;
+    void Reset() override { m_collection.clear(); }
+
+private:
+    std::string m_kind;
+    std::vector<std::string> m_collection;
+};
+
 // The factory of the contents tree: "GetVBFormsXml" and the forms list make a
 // clsVBFormsList; every other name and group makes nothing.
 class CHelpPrjTreeCF : public IClassFactory {
@@ -60,6 +79,22 @@ public:
     std::unique_ptr<IXmlSerializer> CreateMacrosListObject() override { return nullptr; }
     std::unique_ptr<IXmlSerializer> CreateWorksheetsListObject() override { return nullptr; }
     std::unique_ptr<IXmlSerializer> CreateChartsListObject() override { return nullptr; }
+};
+
+// The factory of the contents tree of a source that has more than forms: as
+// CHelpPrjTreeCF, and "GetVBReportsXml", "GetTablesXml", "GetQueriesXml",
+// "GetMacrosXml", "GetWorksheetsXml", "GetChartsXml" and the lists of those
+// groups make a clsObjectsList of their kind.
+class CHelpPrjObjectsCF : public CHelpPrjTreeCF {
+public:
+    // ^IClassFactory
+    std::unique_ptr<IXmlSerializer> CreateObject(const std::string& name) override;
+    std::unique_ptr<IXmlSerializer> CreateReportsListObject() override;
+    std::unique_ptr<IXmlSerializer> CreateTablesListObject() override;
+    std::unique_ptr<IXmlSerializer> CreateQueriesListObject() override;
+    std::unique_ptr<IXmlSerializer> CreateMacrosListObject() override;
+    std::unique_ptr<IXmlSerializer> CreateWorksheetsListObject() override;
+    std::unique_ptr<IXmlSerializer> CreateChartsListObject() override;
 };
 
 }  // namespace scriv

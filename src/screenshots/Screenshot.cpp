@@ -169,6 +169,23 @@ bool Screenshot::TakeVB6FormScreenshot(const std::string& formName, int picType,
     const std::string& pictureFileName, const std::string& htmlFileName)
 {
     ClearError();
+    return TakeNamedForm(formName, picType, targetFolder, pictureFileName, htmlFileName, false);
+}
+
+bool Screenshot::TakeWinFormScreenshot(int hwnd, int picType, const std::string& targetFolder,
+    const std::string& pictureFileName, const std::string& htmlFileName)
+{
+    ClearError();
+    IHostAgent* agent = CurrentHostAgent();
+    std::string formName = agent ? agent->GetWinFormNameByHWND(hwnd) : std::string();
+    if (formName.empty())
+        return Fail("Form not found for HWND = " + std::to_string(hwnd) + " and project '" + m_loadedPath + "'");
+    return TakeNamedForm(formName, picType, targetFolder, pictureFileName, htmlFileName, true);
+}
+
+bool Screenshot::TakeNamedForm(const std::string& formName, int picType, const std::string& targetFolder,
+    const std::string& pictureFileName, const std::string& htmlFileName, bool isVSNet)
+{
     std::string picture;
     std::string page;
     if (picType == -1) {
@@ -195,7 +212,7 @@ bool Screenshot::TakeVB6FormScreenshot(const std::string& formName, int picType,
         if (!htmlFileName.empty())
             page = AddBackslash(targetFolder) + ReplaceAll(htmlFileName, "{{FormName}}", formName);
     }
-    return Take(formName, picType, picture, page);
+    return Take(formName, picType, picture, page, isVSNet);
 }
 
 bool Screenshot::TakeWindowScreenshot(int hwnd, int picType, const std::string& targetFolder,
@@ -217,7 +234,7 @@ bool Screenshot::TakeWindowScreenshot(int hwnd, int picType, const std::string& 
 }
 
 bool Screenshot::Take(const std::string& formName, int picType, const std::string& pictureFullPath,
-    const std::string& htmlFullPath)
+    const std::string& htmlFullPath, bool isVSNet)
 {
     IHostAgent* host = CurrentHostAgent();
     IFormPageMaker* pages = CurrentFormPageMaker();
@@ -232,8 +249,11 @@ bool Screenshot::Take(const std::string& formName, int picType, const std::strin
     IHostAgent& agent = *host;
     if (!agent.ComponentExistsTest(objtype::kForm, formName))
         return Fail("Undefined object type and name Form(" + formName + ")");
+    // A Visual Studio form is described in its project's own language, whose
+    // rules place the controls of its tab pages.
+    std::string hostType = isVSNet ? agent.CurrentSourceProjectTypeName() : std::string("VB6");
     std::unique_ptr<CXmlForm> form = pages->CreateNormalizedXmlDef(objtype::kForm, formName,
-        agent.HostAppMainWindowHWnd(), !parameters.MakeNormalViewScreenshots, picture, htmlFullPath, false, "VB6", true);
+        agent.HostAppMainWindowHWnd(), !parameters.MakeNormalViewScreenshots, picture, htmlFullPath, false, hostType, true);
     if (!form)
         return Fail("Undefined object type and name Form(" + formName + ")");
     agent.ActivateComponent(objtype::kForm, formName, true, false);
@@ -251,7 +271,7 @@ bool Screenshot::Take(const std::string& formName, int picType, const std::strin
         return false;
     }
     Trace("TakeScreenshot: ObjType = Form, ObjName = " + formName + ", PicFullPath = " + picture
-        + ", HtmlFullPath = " + htmlFullPath + ", IsVSNet = False");
+        + ", HtmlFullPath = " + htmlFullPath + ", IsVSNet = " + (isVSNet ? "True" : "False"));
     pages->SaveFormPage(*form, htmlFullPath);
     return true;
 }

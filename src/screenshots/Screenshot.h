@@ -59,6 +59,10 @@ public:
     // and "{{FormName}}" in the file names becomes the form's name.
     bool TakeVB6FormScreenshot(const std::string& formName, int picType, const std::string& targetFolder,
         const std::string& pictureFileName, const std::string& htmlFileName);
+    // The same for a form of a Visual Studio project, found by the window
+    // handle the host drew it under.
+    bool TakeWinFormScreenshot(int hwnd, int picType, const std::string& targetFolder,
+        const std::string& pictureFileName, const std::string& htmlFileName);
     // Photographs a window alone, without a page.
     bool TakeWindowScreenshot(int hwnd, int picType, const std::string& targetFolder, const std::string& pictureFileName);
 
@@ -72,7 +76,10 @@ public:
 
 private:
     void TakeCompoundControlScreenshot(CXmlForm& form, CXmlControl& control, int hwnd, const std::string& targetFolder);
-    bool Take(const std::string& formName, int picType, const std::string& pictureFullPath, const std::string& htmlFullPath);
+    bool TakeNamedForm(const std::string& formName, int picType, const std::string& targetFolder,
+        const std::string& pictureFileName, const std::string& htmlFileName, bool isVSNet);
+    bool Take(const std::string& formName, int picType, const std::string& pictureFullPath, const std::string& htmlFullPath,
+        bool isVSNet = false);
     bool Fail(const std::string& description, std::uint32_t number = 0x80040001);
     void ClearError();
 

@@ -282,7 +282,7 @@ std::string CClientUIObjectRawXml::WalkTabControl(IHostObject* control, int leve
         int tabIndex = -1;
         int index = -1;
         processor.GetControlIndexes(control, tabIndex, index);
-        IClientFormProcessor::Rect rect = processor.GetControlRectangleInTwips(m_form, control);
+        IClientFormProcessor::Rect rect = processor.TabPageRectangle(m_form, control, page);
         description = processor.ControlSeedTextGet(m_form, control);
         pageElement.sectionName = processor.ControlSectionName(control);
         pageElement.helpContextId = processor.GetControlHelpContextId(control);

@@ -13,6 +13,7 @@
 #include "host/CNonClientMetrics.h"
 #include "uidesc/CXmlControl.h"
 #include "uidesc/CXmlForm.h"
+#include "uidesc/CXmlSection.h"
 
 namespace scriv {
 
@@ -98,6 +99,60 @@ private:
     std::vector<std::pair<int, int>> m_stack;
 };
 
+// Windows Forms pages stand inside their tab control: a page takes the tab
+// control's place, and its controls move by where the page stood.
+void RecalcVSNetPageControlsAttributes(CXmlControl& control)
+{
+    for (auto& entry : control.Controls()) {
+        CXmlControl& child = *entry.value;
+        if (!EqualsNoCase(child.ClassName, "Page")) {
+            RecalcVSNetPageControlsAttributes(child);
+            continue;
+        }
+        int pageLeft = child.Left;
+        int pageTop = child.Top;
+        child.Left = control.Left;
+        child.Top = control.Top;
+        child.Width = control.Width;
+        child.Height = control.Height;
+        for (auto& onPage : child.Controls()) {
+            CXmlControl& inner = *onPage.value;
+            if (!EqualsNoCase(inner.ClassName, "Page")) {
+                inner.Left += pageLeft;
+                inner.Top += pageTop;
+            }
+            RecalcVSNetPageControlsAttributes(inner);
+        }
+    }
+}
+
+bool IsSubFormOrReport(const CXmlControl& control)
+{
+    return EqualsNoCase(control.ClassName, "Subform") || EqualsNoCase(control.ClassName, "Subreport");
+}
+
+// A control of a subform is measured from the subform's corner.
+void MakeSubFormControlsPositionsAbsolute(CXmlControl& control)
+{
+    for (CXmlControl* parent = control.ParentControl(); parent; parent = parent->ParentControl()) {
+        if (IsSubFormOrReport(*parent)) {
+            control.Top += parent->Top;
+            control.Left += parent->Left;
+            break;
+        }
+    }
+    for (auto& child : control.Controls())
+        MakeSubFormControlsPositionsAbsolute(*child.value);
+}
+
+bool IsVisualStudioType(const std::string& type)
+{
+    for (const char* name : { "VB.NET", "C#", "J#", "C++" })
+        if (EqualsNoCase(type, name))
+            return true;
+    return false;
+}
+
 void StartSmallTrace()
 {
     if (!TraceLog().IsOn())
@@ -139,6 +194,20 @@ std::unique_ptr<CXmlForm> CClientUIObjectXml::AdjustForm(const std::string& rawX
             if (loaded->HasMenu())
                 offset += metrics.HeightMenus;
             loaded->ClientAreaOffsetY = offset;
+        }
+
+        // Where each section starts below the form's top.
+        int sectionTop = 0;
+        for (auto& entry : loaded->Sections()) {
+            CXmlSection& section = *entry.value;
+            section.ClientAreaOffsetY = sectionTop;
+            sectionTop += section.Height + (isAccess ? section.DesignTimeHeaderHeight : 0);
+        }
+        for (auto& entry : loaded->Controls()) {
+            if (IsVisualStudioType(loaded->SourceProjectType))
+                RecalcVSNetPageControlsAttributes(*entry.value);
+            else if (EqualsNoCase(loaded->SourceProjectType, "MS ACCESS"))
+                MakeSubFormControlsPositionsAbsolute(*entry.value);
         }
 
         // Control pictures go beside the form's, named after the page and the control.

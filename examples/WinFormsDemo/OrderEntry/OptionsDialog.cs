@@ -1,0 +1,12 @@
+using System.Windows.Forms;
+
+namespace OrderEntry
+{
+    public partial class OptionsDialog : Form
+    {
+        public OptionsDialog()
+        {
+            InitializeComponent();
+        }
+    }
+}

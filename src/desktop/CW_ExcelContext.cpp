@@ -1,0 +1,284 @@
+#include "desktop/CW_ExcelContext.h"
+
+#include "desktop/CWinFormRenderer.h"
+#include "desktop/RenderedWindows.h"
+#include "foundation/CTraceLog.h"
+#include "foundation/EventLoop.h"
+#include "foundation/IUserInterface.h"
+#include "foundation/Paths.h"
+#include "foundation/ScrivError.h"
+#include "foundation/StringUtil.h"
+#include "foundation/TextEncoding.h"
+#include "host/CXmlCommand.h"
+#include "host/access/CDataObjectProcessor.h"
+#include "host/vb6/Vb6FormFile.h"
+#include "host/vs/CW_IDEVSFormProcessor.h"
+#include "host/vs/WinFormDesign.h"
+#include "model/CScrivantParameters.h"
+#include "uidesc/CClientUIObjectRawXml.h"
+#include "uidesc/CXmlForm.h"
+
+namespace scriv {
+
+namespace {
+
+// The class of a VBA user form in the first line of its export.
+constexpr std::string_view kUserFormClass = "{C62A69F0-16DC-11CE-9E98-00AA00574A4F}";
+
+void SetText(DesignComponent& component, const std::string& property, const std::string& text)
+{
+    DesignValue& value = component.properties[property];
+    value.kind = DesignValue::Kind::Text;
+    value.text = text;
+}
+
+}  // namespace
+
+int HeadingRow(const XlsxSheet& sheet)
+{
+    int best = 0;
+    int bestCount = 1;
+    for (int row = sheet.firstRow; !sheet.Empty() && row <= sheet.lastRow && row < sheet.firstRow + 10; ++row) {
+        int texts = 0;
+        for (int column = sheet.firstColumn; column <= sheet.lastColumn; ++column)
+            if (!sheet.Text(row, column).empty() && !sheet.numeric.count({ row, column }))
+                ++texts;
+        if (texts > bestCount) {
+            best = row;
+            bestCount = texts;
+        }
+    }
+    return best;
+}
+
+std::vector<CW_ExcelContext::UserForm> UserFormsBeside(const std::string& workbookPath)
+{
+    std::vector<CW_ExcelContext::UserForm> forms;
+    std::string folder = AddBackslash(FolderOf(workbookPath));
+    for (const std::string& file : ListFiles(folder, "*.frm")) {
+        try {
+            Vb6FormFile form = Vb6FormFile::Load(folder + file);
+            if (form.Kind() != Vb6FormKind::Designer || !EqualsNoCase(form.Form().LibraryType(), kUserFormClass))
+                continue;
+            CW_ExcelContext::UserForm userForm;
+            std::string name = form.Attribute("VB_Name");
+            userForm.name = name.empty() ? form.Form().Name() : name;
+            userForm.caption = form.Form().Text("Caption");
+            userForm.path = folder + file;
+            userForm.width = static_cast<int>(form.Form().Number("ClientWidth", 3600) / 15 + 0.5);
+            userForm.height = static_cast<int>(form.Form().Number("ClientHeight", 2700) / 15 + 0.5);
+            forms.push_back(std::move(userForm));
+        } catch (const ScrivError& error) {
+            Trace("CW_ExcelContext: " + error.Description());
+        }
+    }
+    return forms;
+}
+
+std::unique_ptr<CW_ExcelContext> CW_ExcelContext::Open(const std::string& path)
+{
+    std::unique_ptr<CW_ExcelContext> context(new CW_ExcelContext());
+    context->m_workbook = XlsxWorkbook::Load(path);
+    context->m_forms = UserFormsBeside(path);
+    int handle = 100;
+    for (UserForm& form : context->m_forms)
+        form.windowHandle = handle++;
+    return context;
+}
+
+CW_ExcelContext::~CW_ExcelContext() = default;
+
+CW_ExcelContext::UserForm* CW_ExcelContext::FindUserForm(const std::string& name)
+{
+    for (UserForm& form : m_forms)
+        if (EqualsNoCase(form.name, name))
+            return &form;
+    return nullptr;
+}
+
+std::string CW_ExcelContext::CurrentSourceProjectName()
+{
+    return FileBaseName(m_workbook.Path());
+}
+
+std::string CW_ExcelContext::CurrentSourceProjectLocation()
+{
+    return AddBackslash(FolderOf(m_workbook.Path()));
+}
+
+void CW_ExcelContext::SetHelpFileForCurrentSourceProject(const std::string& helpFileFullPath)
+{
+    // The workbook's VBA project is binary and is not written here.
+    Trace("CW_ExcelContext: the help file " + FileNameOf(helpFileFullPath) + " is not written into the workbook");
+}
+
+void CW_ExcelContext::SaveMakeRun(bool, bool, bool)
+{
+    myDoevents();
+}
+
+void CW_ExcelContext::ProgressMeterInit(const std::string& message, int maxVal)
+{
+    UserInterface().ProgressInit(DecodeHtmlChars(message), maxVal);
+    m_progressShown = true;
+}
+
+void CW_ExcelContext::ProgressMeterRemove()
+{
+    if (m_progressShown)
+        UserInterface().ProgressDispose();
+    m_progressShown = false;
+}
+
+void CW_ExcelContext::ProgressMeterUpdate(int currentValue)
+{
+    if (m_progressShown)
+        UserInterface().ProgressUpdate({}, currentValue);
+}
+
+void CW_ExcelContext::myDoevents()
+{
+    LogicLoop().RunPending();
+}
+
+bool CW_ExcelContext::ComponentExists(int compType, const std::string& compName)
+{
+    return m_workbook.FindWorksheet(compName) || m_workbook.FindChart(compName) || FindUserForm(compName);
+}
+
+WinFormDesign& CW_ExcelContext::DesignOf(UserForm& form)
+{
+    if (!form.design) {
+        // A user form is a dialog with a close button, its caption and its size.
+        form.design = std::make_unique<WinFormDesign>();
+        DesignComponent& root = form.design->Form();
+        SetText(root, "Text", form.caption);
+        SetText(root, "Name", form.name);
+        DesignValue& size = root.properties["ClientSize"];
+        size.kind = DesignValue::Kind::Pair;
+        size.a = form.width;
+        size.b = form.height;
+        DesignValue& border = root.properties["FormBorderStyle"];
+        border.kind = DesignValue::Kind::Enum;
+        border.text = "FixedDialog";
+        border.names = { "FixedDialog" };
+        for (const char* box : { "MinimizeBox", "MaximizeBox" }) {
+            DesignValue& flag = root.properties[box];
+            flag.kind = DesignValue::Kind::Boolean;
+            flag.flag = false;
+        }
+    }
+    return *form.design;
+}
+
+void CW_ExcelContext::CloseComponent(int objType, const std::string& objName, bool saveFlag)
+{
+    if (UserForm* form = FindUserForm(objName))
+        RenderedWindows().Remove(form->windowHandle);
+}
+
+void CW_ExcelContext::SetComponentHelp(int objType, const std::string& objName, int helpContextId)
+{
+    Trace("CW_ExcelContext: help context id " + std::to_string(helpContextId) + " of " + objName
+        + " is not written into the workbook");
+}
+
+int CW_ExcelContext::ActivateComponent(int objType, const std::string& objName, bool forceOpenInDesignView,
+    bool forceOpenAsHidden)
+{
+    UserForm* form = FindUserForm(objName);
+    if (!form)
+        return 0;
+    CW_IDEVSFormProcessor processor(DesignOf(*form), form->windowHandle);
+    RenderWinFormWindow(form->windowHandle, processor, {}, kMainWindowHandle);
+    return form->windowHandle;
+}
+
+std::string CW_ExcelContext::WorksheetOrChartHtml(const std::string& name) const
+{
+    if (const XlsxSheet* sheet = m_workbook.FindWorksheet(name))
+        return WorksheetHtml(*sheet);
+    if (const XlsxChart* chart = m_workbook.FindChart(name))
+        return ChartHtml(*chart);
+    return {};
+}
+
+bool CW_ExcelContext::SaveUserFormAsText(const std::string& name, const std::string& path)
+{
+    UserForm* form = FindUserForm(name);
+    return form && CopyFileOver(form->path, path);
+}
+
+bool CW_ExcelContext::ProcessOtherCommand(CXmlCommand& command)
+{
+    auto is = [&](std::string_view name) { return EqualsNoCase(command.Name(), name); };
+    auto answer = [&](std::string value) { command.AddParamValue("RetValue", std::move(value)); };
+    if (is("GetSourceWorksheetsList")) {
+        std::vector<std::string> names;
+        for (const XlsxSheet& sheet : m_workbook.Worksheets())
+            names.push_back(sheet.name);
+        answer(Join(names, "|"));
+    } else if (is("GetSourceChartsList")) {
+        std::vector<std::string> names;
+        for (const XlsxChart& chart : m_workbook.Charts())
+            names.push_back(chart.name);
+        answer(Join(names, "|"));
+    } else if (is("GetSourceFormsList")) {
+        std::vector<std::string> names;
+        for (const UserForm& form : m_forms)
+            names.push_back(form.name);
+        answer(Join(names, "|"));
+    } else if (is("SaveAsText")) {
+        SaveUserFormAsText(command.GetParamValue("ObjName"), command.GetParamValue("FullPath"));
+    } else if (is("GetWksHtml")) {
+        answer(WorksheetOrChartHtml(command.GetParamValue("XmlCmdParam_WksName")));
+    } else if (is("GetComponentDescription")) {
+        answer("");
+    } else {
+        return false;
+    }
+    return true;
+}
+
+std::string CW_ExcelContext::ProcessComponent(const ProcessComponentRequest& request)
+{
+    std::string raw;
+    CClientUIObjectRawXml walk;
+    if (request.objectType == 2) {
+        UserForm* form = FindUserForm(request.componentName);
+        if (!form)
+            return {};
+        CW_IDEVSFormProcessor processor(DesignOf(*form), form->windowHandle);
+        raw = walk.Get_(processor, 2, processor.Component(), request.hostAppIdeHwnd, request.isInDesignView,
+            request.sourceProjectTypeName, request.keepSourceObjectOpened, Parameters().VerboseTracing);
+    } else {
+        std::vector<IClientFormProcessor::Field> fields;
+        if (const XlsxSheet* sheet = m_workbook.FindWorksheet(request.componentName)) {
+            // The columns of the range in use that have a heading.
+            int headings = HeadingRow(*sheet);
+            for (int column = sheet->firstColumn; headings > 0 && column <= sheet->lastColumn; ++column) {
+                std::string heading = sheet->Text(headings, column);
+                if (!heading.empty())
+                    fields.push_back({ ColumnLetters(column), heading, {}, column - sheet->firstColumn });
+            }
+        } else if (const XlsxChart* chart = m_workbook.FindChart(request.componentName)) {
+            for (std::size_t i = 0; i < chart->series.size(); ++i)
+                fields.push_back({ "Series" + std::to_string(i + 1), chart->series[i], {}, static_cast<int>(i) });
+        } else {
+            return {};
+        }
+        CDataObjectProcessor processor(request.componentName, std::move(fields));
+        raw = walk.Get_(processor, request.objectType, processor.Component(), request.hostAppIdeHwnd,
+            request.isInDesignView, request.sourceProjectTypeName, request.keepSourceObjectOpened,
+            Parameters().VerboseTracing);
+    }
+    CXmlForm form;
+    if (!form.LoadXml(raw)) {
+        Raise(status::kSecondFailure, "CW_ExcelContext.IHostIDEContext_ProcessCallBack",
+            "Error processing source project component [" + request.componentName + "]: "
+                + form.XmlParseError().Reason());
+    }
+    return form.XMLSTr();
+}
+
+}  // namespace scriv
