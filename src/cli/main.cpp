@@ -6,6 +6,7 @@
 #include "cli/DescribeCommand.h"
 #include "cli/GenerateCommands.h"
 #include "cli/ScreenshotCommand.h"
+#include "cli/StudioCommand.h"
 #include "cli/ProjectCommands.h"
 #include "foundation/EventLoop.h"
 #include "foundation/Version.h"
@@ -107,6 +108,9 @@ int main(int argc, char** argv)
         "Leave out controls that are invisible while the program runs");
     screenshotCommand->add_option("--quality", screenshot.quality, "JPEG quality, 1 to 100")->check(CLI::Range(1, 100));
 
+    StudioCommandOptions studio;
+    CLI::App* studioCommand = AddStudioCommand(app, studio);
+
     try {
         app.parse(argc, argv);
     } catch (const CLI::ParseError& error) {
@@ -152,6 +156,8 @@ int main(int argc, char** argv)
         return RunSettings(global, getOption, setOption);
     if (newCommand->parsed())
         return RunNew(global, newHost);
+    if (studioCommand->parsed())
+        return RunStudioCommand(global, studio);
     std::cout << app.help();
     return exitcode::kDone;
 }
