@@ -160,6 +160,8 @@ void StudioServer::Stop()
         m_http->stop();
         m_listener.join();
         stopped.set_value();
+        // Wakes the loop that waits for this.
+        m_loop.Post([] {});
     });
     // Requests that wait for the logic thread must be able to end.
     if (m_loop.IsLoopThread()) {
@@ -252,7 +254,7 @@ void StudioServer::InstallRoutes()
 
     http.Post("/api/dialog", [this](const httplib::Request& request, httplib::Response& response) {
         std::optional<json> body = ParseBody(request);
-        if (!body || !(*body)["id"].is_number_unsigned() || !body->contains("answer"))
+        if (!body || !(*body)["id"].is_number_integer() || (*body)["id"].get<long long>() < 0 || !body->contains("answer"))
             return SendJson(response, { { "error", "An answer needs an id and an answer." } }, 400);
         auto id = (*body)["id"].get<std::uint64_t>();
         json answer = (*body)["answer"];

@@ -110,7 +110,7 @@ bool StudioUserInterface::Fits(const json& dialog, const json& answer)
     if (answer.value("cancel", false))
         return true;
     if (kind == "list") {
-        if (!answer.contains("index") || !answer["index"].is_number_unsigned())
+        if (!answer.contains("index") || !answer["index"].is_number_integer() || answer["index"].get<long long>() < 0)
             return false;
         return answer["index"].get<std::size_t>() < dialog["items"].size();
     }
