@@ -4,6 +4,7 @@
 #include <csignal>
 #include <cstdlib>
 #include <ctime>
+#include <functional>
 #include <filesystem>
 #include <ostream>
 #include <thread>
@@ -82,6 +83,16 @@ int RunStudio(const StudioOptions& options, std::ostream& out, std::ostream& err
     // A page that goes away mid-answer must not end the process.
     std::signal(SIGPIPE, SIG_IGN);
     EventLoop& loop = LogicLoop();
+    // Before any thread starts, so that every thread leaves the signals to the watcher.
+    std::function<void()> quit;
+    std::atomic<bool> signalled { false };
+    SignalWatcher signals([&loop, &quit, &signalled] {
+        signalled = true;
+        loop.Post([&quit] {
+            if (quit)
+                quit();
+        });
+    });
     StudioEvents events;
     StudioFileAccess files;
     auto ui = std::make_unique<StudioUserInterface>(loop, events, options.unattendedGrace);
@@ -102,24 +113,26 @@ int RunStudio(const StudioOptions& options, std::ostream& out, std::ostream& err
         code = 1;
     }
     if (code == 0) {
-        auto quit = [&] {
+        quit = [&] {
             studioUi.Shutdown();
             studioUi.RequestCancel();
             shell.Cancel();
             loop.Quit();
         };
         server.SetExitHandler(quit);
-        SignalWatcher signals([&] { loop.Post(quit); });
         out << "Scrivant studio: " << server.StartUrl() << "\n"
             << "Open that address in a web browser; Ctrl-C ends the studio." << std::endl;
         if (helpProject)
             loop.Post([&shell, source] { shell.Run("OpenStartProject", { { "file", source } }); });
         if (options.openBrowser && !ShellOpen(server.StartUrl()))
             err << "scrivant studio: the browser could not be started (xdg-open); open the address by hand.\n";
-        loop.Run();
+        // A signal during the start ends the studio before it runs.
+        if (!signalled)
+            loop.Run();
         studioUi.Shutdown();
         server.Stop();
     }
+    quit = nullptr;
     shell.Disconnect();
     SetUserInterface(std::move(previousUi));
     return code;

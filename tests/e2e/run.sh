@@ -1,12 +1,16 @@
 #!/usr/bin/env bash
-# Runs the browser test of the browser help in headless Chromium. The help
-# folder under test is SCRIVANT_HELP_FOLDER; without it a small help is
-# written by the generation test suite of SCRIVANT_BUILD_DIR (default build/).
+# Runs the browser tests in headless Chromium: the browser help, and (once,
+# with the program of the build) the studio. The help folder under test is
+# SCRIVANT_HELP_FOLDER; without it a small help is written by the generation
+# test suite of SCRIVANT_BUILD_DIR (default build/), and the studio is tested
+# too. SCRIVANT_STUDIO_TEST=1 tests the studio in either case.
 set -euo pipefail
 here="$(cd "$(dirname "$0")" && pwd)"
 cd "$here"
+build="${SCRIVANT_BUILD_DIR:-$here/../../build}"
+studio="${SCRIVANT_STUDIO_TEST:-}"
 if [[ -z "${SCRIVANT_HELP_FOLDER:-}" ]]; then
-  build="${SCRIVANT_BUILD_DIR:-$here/../../build}"
+  studio=1
   folder="$(mktemp -d)"
   trap 'rm -rf "$folder"' EXIT
   SCRIVANT_BROWSER_HELP_FIXTURE="$folder" "$build/bin/generation_tests" \
@@ -17,3 +21,6 @@ if [[ ! -d node_modules/playwright-core ]]; then
   npm ci --no-audit --no-fund --loglevel=error
 fi
 node --test browserhelp.test.mjs
+if [[ "$studio" == 1 ]]; then
+  SCRIVANT_BUILD_DIR="$build" node --test studio.test.mjs
+fi
