@@ -421,6 +421,8 @@ json StudioShell::State()
     state["source"] = { { "file", m_sourceFile }, { "kind", kind }, { "projects", m_sourceProjects } };
     state["help"] = HelpProjectState();
     state["compiler"] = HelpCompilerProgram();
+    // Some commands on the help project act only beside an open Help Editor.
+    state["editorOpen"] = Server().FormIsLoaded("frmHelpEditor");
     return state;
 }
 

@@ -59,6 +59,8 @@ async function startStudio(source, dataFolder) {
     });
     return {
         url,
+        // How the program ended, once it has.
+        ended: () => exited,
         async stop() {
             if (child.exitCode === null && child.signalCode === null)
                 child.kill("SIGTERM");
@@ -271,6 +273,19 @@ describe("a registered help project opened again", () => {
         await files.waitFor({ state: "detached" });
         await page.locator("scriv-source-panel .help-project[data-name='OrderDesk']").waitFor();
         assert.equal(await page.locator("dialog[open]").count(), 0);
+    });
+});
+
+describe("the end of the studio", () => {
+    test("File, Exit ends the program", async () => {
+        const application = await freshApplication("ended");
+        const studio = await startStudio(application.source, application.data);
+        const page = await openStudioPage(studio);
+        await chooseMenu(page, "File", "Exit");
+        const ended = await studio.ended();
+        assert.deepEqual(ended, { code: 0, signal: null });
+        await page.locator("#connection.lost").waitFor();
+        await page.close();
     });
 });
 

@@ -342,6 +342,23 @@ TEST_F(StudioShellTest, OpenHelpProjectListsTheApplicationsProjectsAndReopensThe
     EXPECT_EQ(PageEvents("show-help").back()["path"], Help("main.htm"));
 }
 
+TEST_F(StudioShellTest, RecompileAndRegenerateWorkOnTheCurrentProject)
+{
+    StartShell(OrdersHost());
+    EXPECT_EQ(m_shell->Run("RecompileHelpProject"), status::kAbandoned);
+    Generate();
+    fs::remove(Help("Orders.hhk"));
+    std::size_t boxes = m_ui->MessageBoxes().size();
+    EXPECT_EQ(m_shell->Run("RecompileHelpProject", json { { "ask", false } }), 0u);
+    EXPECT_TRUE(FileExists(Help("Orders.hhk")));
+    // Asked for nothing, it asks nothing.
+    EXPECT_EQ(m_ui->MessageBoxes().size(), boxes);
+
+    EXPECT_EQ(m_shell->Run("RegenerateHelpProject"), status::kAbandoned);
+    ASSERT_FALSE(m_ui->MessageBoxes().empty());
+    EXPECT_EQ(m_ui->MessageBoxes().back().text, "There are no new objects in the source project");
+}
+
 TEST_F(StudioShellTest, HelpContentsAndAboutAnswerThroughBoxes)
 {
     StartShell(OrdersHost());

@@ -27,7 +27,7 @@ const helpProjectMenu = {
         { command: "OpenWebHelpOfActiveProject", caption: "Open &Browser Help", needsHelp: true },
         { command: "RecompileHelpProject", caption: "&Recompile", beginGroup: true, needsHelp: true },
         { command: "RegenerateHelpProject", caption: "Re&generate", needsHelp: true },
-        { command: "OpenHelpProject", caption: "Open &Project File", beginGroup: true, needsHelp: true },
+        { command: "OpenHelpProject", caption: "Open &Project File", beginGroup: true, needsHelp: true, needsEditor: true },
         { command: "OpenHelpProjectIndex", caption: "Open &Index File", needsHelp: true },
         { command: "OpenHelpFolder", caption: "Open &Folder", needsHelp: true },
     ],
@@ -75,7 +75,8 @@ function applyState(next) {
     document.title = `${state.program.title} Studio`;
     if (first)
         renderMenus();
-    menuBar.setAvailable((entry) => !entry.needsHelp || state.help !== null);
+    menuBar.setAvailable((entry) =>
+        (!entry.needsHelp || state.help !== null) && (!entry.needsEditor || state.editorOpen === true));
     menuBar.setBusy(state.running !== null);
     sourcePanel.show(state);
     if (state.running)
