@@ -295,21 +295,26 @@ describe("a generation cancelled in the progress window", () => {
         const studio = await startStudio(application.source, application.data);
         const page = await openStudioPage(studio);
         try {
-            // The person presses Cancel as soon as the progress window shows.
+            // The person presses Cancel as soon as the progress window shows:
+            // the run stops at its next step (the whole example takes about a
+            // second, so a later moment would race the run's end).
             await page.evaluate(() => {
+                window.cancelledAt = null;
                 const observer = new MutationObserver(() => {
                     const cancel = document.querySelector("#progress-window[open] .cancel:not(:disabled)");
                     if (cancel) {
                         observer.disconnect();
+                        window.cancelledAt = document.querySelector("#progress-window .progress-text").textContent;
                         cancel.click();
                     }
                 });
-                observer.observe(document.body, { subtree: true, childList: true, attributes: true });
+                observer.observe(document.body, { subtree: true, childList: true, characterData: true, attributes: true });
             });
             await chooseMenu(page, "Scrivant", "New Help Project...");
             const box = page.locator("dialog.message-box[open]");
             await box.waitFor();
             assert.equal(await box.locator(".message-text").innerText(), "Help generation was cancelled by end-user.");
+            assert.ok(await page.evaluate(() => window.cancelledAt), "Cancel was pressed in the progress window");
             assert.equal(await box.locator(".icon-critical").count(), 1);
             await box.getByRole("button", { name: "OK" }).click();
             await page.locator("#progress-window").waitFor({ state: "hidden" });

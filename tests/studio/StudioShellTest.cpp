@@ -236,16 +236,29 @@ TEST_F(StudioShellTest, ASecondCommandDuringARunIsRefusedWithAMessage)
 TEST_F(StudioShellTest, CancelDuringGenerationStopsTheRunAndRegistersNothing)
 {
     StartShell(OrdersHost());
-    m_hooked->onProgressUpdate = [&](int update) {
-        if (update == 3)
-            m_shell->Cancel();
+    // Cancel is pressed while the walk over the contents runs.
+    bool cancelled = false;
+    m_hooked->onProgressUpdate = [&](int) {
+        const auto& calls = m_ui->ProgressCalls();
+        for (auto call = calls.rbegin(); call != calls.rend() && !cancelled; ++call) {
+            if (call->kind != ScriptedUserInterface::ProgressKind::Init)
+                continue;
+            if (call->text.rfind("Processing TOC", 0) == 0) {
+                m_shell->Cancel();
+                cancelled = true;
+            }
+            break;
+        }
     };
     // The wizard was opened and closed as it should: the run's status says so.
     m_shell->Run("NewProject");
+    ASSERT_TRUE(cancelled);
     ASSERT_FALSE(m_ui->MessageBoxes().empty());
     EXPECT_EQ(m_ui->MessageBoxes().back().text, "Help generation was cancelled by end-user.");
-    EXPECT_TRUE(m_shell->Server().Actions().LastStatistics().empty());
     EXPECT_EQ(m_ui->MessageBoxes().back().flags, msgbox::kCritical);
+    EXPECT_TRUE(m_shell->Server().Actions().LastStatistics().empty());
+    for (const auto& box : m_ui->MessageBoxes())
+        EXPECT_NE(box.title, "Help Generation Completed");
     EXPECT_FALSE(ShellData().Projects().IsSavedProject("Orders"));
     std::string registry = ReadFileText(ShellData().ProjectsFilePath()).value_or("");
     EXPECT_EQ(registry.find("<Project "), std::string::npos) << registry;
