@@ -19,12 +19,14 @@
 #include "model/CAddInProjects.h"
 #include "model/CHelpPrjCheckSums.h"
 #include "model/IHelpPrjSourceProject.h"
+#include "server/CScrivActions.h"
 #include "server/CScrivClient.h"
 #include "server/CScrivServer.h"
 #include "server/CScrivServerAgent.h"
 #include "server/CScrivServerData.h"
 #include "studio/StudioEvents.h"
 #include "studio/StudioFileAccess.h"
+#include "wizard/CHelpWizardForm.h"
 
 namespace scriv::studio {
 
@@ -171,7 +173,17 @@ std::uint32_t StudioShell::Run(const std::string& command, const json& arguments
 std::uint32_t StudioShell::Dispatch(const std::string& command, const json& arguments)
 {
     CScrivServer& server = Server();
-    if (command == "NewProject" || command == "OpenProject" || command == "HelpTopics" || command == "AboutForm")
+    if (command == "NewProject") {
+        std::uint32_t result = m_menu.Run(command);
+        // The wizard stays open after a refused check so that its answer can
+        // be changed; with no wizard pages in the page yet, nobody could, and
+        // its open form would block Open Help Project. It is closed unchanged.
+        CHelpWizardForm* wizard = server.Actions().Wizard();
+        if (wizard && wizard->Shown() && server.Data().Unattended)
+            wizard->Cancel();
+        return result;
+    }
+    if (command == "OpenProject" || command == "HelpTopics" || command == "AboutForm")
         return m_menu.Run(command);
     if (command == "OpenHelpOfActiveProject")
         return OpenHelpOfActiveProject();

@@ -143,6 +143,22 @@ TEST_F(StudioShellTest, NewHelpProjectGeneratesRegistersAndShowsTheStatistics)
     EXPECT_TRUE(m_files.Resolve(Help("Welcome.htm")));
 }
 
+TEST_F(StudioShellTest, ARefusedTargetFolderLeavesNoWizardOpen)
+{
+    StartShell(OrdersHost());
+    Generate();
+    m_shell->Run("NewProject");
+    EXPECT_EQ(m_ui->MessageBoxes().back().text, "Target folder '" + Help("") + "'\r\n"
+                                                "already has Scrivant project 'Orders.svp'\r\n"
+                                                "Please select another target folder.");
+    EXPECT_EQ(m_shell->Server().Actions().Wizard(), nullptr);
+    EXPECT_FALSE(m_shell->Server().FormIsLoaded("frmHelpWizard"));
+    // So Open Help Project is not stopped by a wizard nobody can see.
+    m_ui->QueueChoice(0);
+    EXPECT_EQ(m_shell->Run("OpenProject"), 0u);
+    EXPECT_NE(m_ui->MessageBoxes().back().text, "Please close Scrivant's Wizard form before opening help project.");
+}
+
 TEST_F(StudioShellTest, TheMenuEntriesAreThoseOfTheScrivantMenu)
 {
     StartShell(OrdersHost());
