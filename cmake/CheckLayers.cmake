@@ -17,7 +17,8 @@ set(SCRIV_LAYERS
   "htmledit"
   "editor"
   "wordexport"
-  "cli studio"
+  "studio"
+  "cli"
 )
 
 if(NOT SOURCE_DIR)

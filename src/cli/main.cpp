@@ -7,6 +7,7 @@
 #include "cli/ExportWordCommand.h"
 #include "cli/GenerateCommands.h"
 #include "cli/ScreenshotCommand.h"
+#include "cli/StudioCommand.h"
 #include "cli/ProjectCommands.h"
 #include "cli/ProjectToolsCommands.h"
 #include "foundation/CodePage.h"
@@ -149,6 +150,9 @@ int main(int argc, char** argv)
             "Search the pages' HTML source, tags and attributes included, instead of the text a reader sees");
     }
 
+    StudioCommandOptions studio;
+    CLI::App* studioCommand = AddStudioCommand(app, studio);
+
     try {
         app.parse(argc, argv);
     } catch (const CLI::ParseError& error) {
@@ -202,6 +206,8 @@ int main(int argc, char** argv)
         return RunFind(global, findOptions);
     if (replaceCommand->parsed())
         return RunReplace(global, replaceOptions);
+    if (studioCommand->parsed())
+        return RunStudioCommand(global, studio);
     std::cout << app.help();
     return exitcode::kDone;
 }
