@@ -215,8 +215,8 @@ describe("a new help project made in the studio", () => {
     test("the browser help opens from the project folder", async () => {
         await openHelp(page, "Open Browser Help", ".help-viewer.web-help iframe");
         const help = page.frameLocator(".help-viewer.web-help iframe");
-        await help.frameLocator("#paneContents").locator("#tree li").first().waitFor();
-        assert.ok(await help.frameLocator("#paneContents").locator("#tree li").count() > 5);
+        await help.frameLocator("#paneContents iframe").locator("#tree li").first().waitFor();
+        assert.ok(await help.frameLocator("#paneContents iframe").locator("#tree li").count() > 5);
     });
 });
 
