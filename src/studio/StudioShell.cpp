@@ -52,6 +52,8 @@ json FormsOf(std::unique_ptr<IHelpPrjSourceProject> project)
     return forms;
 }
 constexpr const char* kWebHelpPage = "main.htm";
+// The browser help of the program's manual, beside its compiled help.
+constexpr const char* kManualWebHelp = "Manual/main.htm";
 
 }  // namespace
 
@@ -129,6 +131,8 @@ const std::vector<std::string>& StudioShell::Commands()
         "NewProject",
         "OpenProject",
         "HelpTopics",
+        "HelpIndex",
+        "HelpSearch",
         "AboutForm",
         "OpenHelpOfActiveProject",
         "OpenWebHelpOfActiveProject",
@@ -185,6 +189,10 @@ std::uint32_t StudioShell::Dispatch(const std::string& command, const json& argu
     }
     if (command == "OpenProject" || command == "HelpTopics" || command == "AboutForm")
         return m_menu.Run(command);
+    if (command == "HelpIndex")
+        return OpenHelpIndex();
+    if (command == "HelpSearch")
+        return OpenHelpSearch();
     if (command == "OpenHelpOfActiveProject")
         return OpenHelpOfActiveProject();
     if (command == "OpenWebHelpOfActiveProject")
@@ -333,14 +341,32 @@ std::uint32_t StudioShell::OpenWebHelpOfActiveProject()
 
 std::uint32_t StudioShell::OpenHelpTopics()
 {
+    return ShowManual(false, "CScrivActions.OpenHelpTopics");
+}
+
+std::uint32_t StudioShell::OpenHelpIndex()
+{
+    return ShowManual(true, "CScrivActions.OpenHelpIndex");
+}
+
+std::uint32_t StudioShell::OpenHelpSearch()
+{
+    return ShowManual(true, "CScrivActions.OpenHelpSearch");
+}
+
+std::uint32_t StudioShell::ShowManual(bool withIndexAndSearch, const char* source)
+{
     Server().Data().LoadSettings(true);
     std::string manual = Folders().InstallFolder() + kProgramBaseName + ".chm";
     if (!FileExists(manual)) {
-        MsgBox("Help doesn't exist '" + manual + "'.", msgbox::kExclamation, kMessageBoxTitle, "", 0,
-            "CScrivActions.OpenHelpTopics");
+        MsgBox("Help doesn't exist '" + manual + "'.", msgbox::kExclamation, kMessageBoxTitle, "", 0, source);
         return status::kAbandoned;
     }
-    ShowHelp("chm", manual);
+    std::string web = Folders().InstallFolder() + kManualWebHelp;
+    if (withIndexAndSearch && FileExists(web))
+        ShowHelp("web", web);
+    else
+        ShowHelp("chm", manual);
     return status::kOk;
 }
 

@@ -81,6 +81,12 @@ public:
     std::uint32_t OpenWebHelpOfActiveProject();
     // The program's own help, shown in the help viewer.
     std::uint32_t OpenHelpTopics();
+    // The program's own help at its index or its search: the manual's browser
+    // help, which has both (the viewer of compiled help shows the contents
+    // alone), else the compiled help. Refused with "Help doesn't exist" as
+    // OpenHelpTopics is when there is no compiled manual.
+    std::uint32_t OpenHelpIndex();
+    std::uint32_t OpenHelpSearch();
     std::uint32_t RecompileHelpProject(bool ask);
     std::uint32_t RegenerateHelpProject(bool ask);
     // Opens a project file as the current help project (the studio's start).
@@ -102,6 +108,7 @@ private:
     nlohmann::json HelpProjectState();
     void RefreshAfterCommand();
     void ShowHelp(const std::string& kind, const std::string& path);
+    std::uint32_t ShowManual(bool withIndexAndSearch, const char* source);
 
     StudioEvents& m_events;
     StudioFileAccess& m_files;
