@@ -106,7 +106,8 @@ void DriveWizard(CHelpWizardForm& wizard)
             moves.push_back("Back");
         moves.push_back("Finish");
         moves.push_back("Cancel");
-        std::optional<std::size_t> move = UserInterface().ChooseFromList("Go on", moves, 0);
+        // Unanswered, the wizard goes forward and finishes on its last page.
+        std::optional<std::size_t> move = UserInterface().ChooseFromList("Go on", moves, moves.front() == "Next" ? 0 : moves.size() - 2);
         std::string chosen = move ? moves[*move] : "Cancel";
         if (chosen == "Next")
             wizard.NextPage();

@@ -43,7 +43,9 @@ int main(int argc, char** argv)
     CLI::App* generateCommand = app.add_subcommand("generate",
         "Generate the help project of an application: topics, contents, index, browser help and compiled help");
     generateCommand->add_option("SOURCE", fromSource.source,
-        "The VB6 project (.vbp) or group (.vbg) to document, or an XML description of its projects and forms");
+        "The application to document: a VB6 project (.vbp) or group (.vbg), a Visual Studio solution or project "
+        "(.sln, .csproj, .vbproj ...), an Access database (.mdb, .accdb) or folder of exported objects, an Excel "
+        "workbook (.xlsx, .xlsm), or an XML description of its projects and forms");
     auto* contentsOption = generateCommand->add_option("--contents", generate.contents,
         "Generate the plain topics of a contents document (XML) instead of an application");
     generateCommand->add_option("--out", generate.out,
@@ -93,7 +95,9 @@ int main(int argc, char** argv)
     std::string newHost;
     CLI::App* newCommand = app.add_subcommand("new", "Create a help project with the wizard and generate it");
     newCommand->add_option("--host", newHost,
-        "The VB6 project (.vbp) or group (.vbg) to document, or an XML description of its projects and forms");
+        "The application to document: a VB6 project (.vbp) or group (.vbg), a Visual Studio solution or project "
+        "(.sln, .csproj, .vbproj ...), an Access database (.mdb, .accdb) or folder of exported objects, an Excel "
+        "workbook (.xlsx, .xlsm), or an XML description of its projects and forms");
 
     DescribeOptions describe;
     CLI::App* describeCommand
@@ -112,7 +116,7 @@ int main(int argc, char** argv)
         ->required()
         ->check(CLI::ExistingFile);
     screenshotCommand->add_option("FORM", screenshot.form, "The form, user control or user document to draw")->required();
-    screenshotCommand->add_option("--out", screenshot.out, "The picture file: .bmp, .jpg or .jpeg")->required();
+    screenshotCommand->add_option("--out", screenshot.out, "The picture file: .png, .bmp, .jpg or .jpeg")->required();
     screenshotCommand->add_option("--page", screenshot.pages, "Show a tab page first: TABCONTROL=PAGE (page from 0)");
     screenshotCommand->add_flag("--runtime", screenshot.runtimeView,
         "Leave out controls that are invisible while the program runs");
