@@ -402,17 +402,16 @@ void CFormRenderer::PaintChildren(ClassicPainter& painter, const Node& node, int
 
 PixelRect CFormRenderer::FileRect(const Node& parent, const Node& node, int originX, int originY) const
 {
+    // The form file keeps places and sizes in twips whatever the ScaleMode.
     const Vb6Block& block = *node.block;
-    bool onForm = &parent == m_root.get();
-    ScaleMultipliers scale = onForm ? ScaleModeMultipliers(m_processor.ScaleMode(m_form)) : ScaleMultipliers { 1, 1 };
     double left = block.Number("Left", 0);
     // Drawn only when its page is shown; the file keeps it aside unless that is
     // the page the designer last showed.
     if (IsTabControl(parent) && left < -kHiddenTabOffset / 2)
         left += kHiddenTabOffset;
-    auto pixels = [](double value, double factor) { return Pixels(value * factor / kTwipsPerPixel); };
-    return { originX + pixels(left, scale.x), originY + pixels(block.Number("Top", 0), scale.y),
-        pixels(block.Number("Width", 0), scale.x), pixels(block.Number("Height", 0), scale.y) };
+    auto pixels = [](double value) { return Pixels(value / kTwipsPerPixel); };
+    return { originX + pixels(left), originY + pixels(block.Number("Top", 0)), pixels(block.Number("Width", 0)),
+        pixels(block.Number("Height", 0)) };
 }
 
 ControlView CFormRenderer::MakeView(const Node& parent, const Node& node, int originX, int originY)
@@ -438,10 +437,8 @@ ControlView CFormRenderer::MakeView(const Node& parent, const Node& node, int or
         view.listItems = ListProperty(block);
     AddParts(node, originX, originY, view);
     if (type == "line") {
-        bool onForm = &parent == m_root.get();
-        ScaleMultipliers scale = onForm ? ScaleModeMultipliers(m_processor.ScaleMode(m_form)) : ScaleMultipliers { 1, 1 };
-        auto x = [&](const char* name) { return originX + Pixels(block.Number(name, 0) * scale.x / kTwipsPerPixel); };
-        auto y = [&](const char* name) { return originY + Pixels(block.Number(name, 0) * scale.y / kTwipsPerPixel); };
+        auto x = [&](const char* name) { return originX + Pixels(block.Number(name, 0) / kTwipsPerPixel); };
+        auto y = [&](const char* name) { return originY + Pixels(block.Number(name, 0) / kTwipsPerPixel); };
         view.x1 = x("X1");
         view.y1 = y("Y1");
         view.x2 = x("X2");

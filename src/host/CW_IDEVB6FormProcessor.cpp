@@ -165,6 +165,18 @@ double CW_IDEVB6FormProcessor::Number(const Vb6Block* block, const std::string& 
         if (shift != m_leftShift.end())
             value += shift->second;
     }
+    // The file keeps every place and size in twips; the IDE hands those of a
+    // form's own controls out in the form's ScaleMode.
+    if (!block->HasProperty(name) || !ContainerIsForm(block))
+        return value;
+    static constexpr const char* kAlongX[] = { "Left", "Width", "X1", "X2" };
+    static constexpr const char* kAlongY[] = { "Top", "Height", "Y1", "Y2", "TabHeight" };
+    for (const char* along : kAlongX)
+        if (EqualsNoCase(name, along))
+            return ScaleFactorX() > 0 ? value / ScaleFactorX() : value;
+    for (const char* along : kAlongY)
+        if (EqualsNoCase(name, along))
+            return ScaleFactorY() > 0 ? value / ScaleFactorY() : value;
     return value;
 }
 
@@ -194,9 +206,9 @@ std::string CW_IDEVB6FormProcessor::PropertyValue(IHostObject* object, const std
     const Vb6Property* property = block->FindProperty(name);
     if (!property)
         return {};
-    if (EqualsNoCase(name, "Left") || EqualsNoCase(name, "Top") || EqualsNoCase(name, "Width")
-        || EqualsNoCase(name, "Height"))
-        return FormatNumber(Number(block, name, 0));
+    for (const char* measure : { "Left", "Top", "Width", "Height", "X1", "Y1", "X2", "Y2", "TabHeight" })
+        if (EqualsNoCase(name, measure))
+            return FormatNumber(Number(block, name, 0));
     return property->Text().value_or(std::string());
 }
 
@@ -514,7 +526,7 @@ IClientFormProcessor::Rect CW_IDEVB6FormProcessor::GetTabPageTabRectangleInTwips
     Rect rect = GetControlRectangleInTwips(form, control);
     int pages = ToInt(block->Number("Tabs", 3));
     int perRow = ToInt(block->Number("TabsPerRow", 3));
-    double tabHeightTwips = block->Number("TabHeight", 353);
+    double tabHeightTwips = Number(block, "TabHeight", 353);
     int column = perRow < 1 ? page : page % perRow;
     int row = perRow < 1 ? 0 : (pages - 1) / perRow - page / perRow;
     double tabWidth = perRow < 1 ? rect.width : static_cast<double>(rect.width) / perRow;

@@ -11,7 +11,8 @@ namespace scriv {
 
 namespace {
 
-constexpr std::size_t kMostQueued = 32;
+// Pictures are queued up to this many bytes of pixels (always at least one).
+constexpr std::size_t kMostQueuedBytes = 64u << 20;
 
 }  // namespace
 
@@ -46,8 +47,10 @@ PictureFileWriter::~PictureFileWriter()
 
 void PictureFileWriter::Write(Picture picture, std::string path, std::string format)
 {
+    std::size_t bytes = picture.Bytes().size();
     std::unique_lock lock(m_mutex);
-    m_changed.wait(lock, [this] { return m_queue.size() < kMostQueued; });
+    m_changed.wait(lock, [&] { return m_queue.empty() || m_queuedBytes + bytes <= kMostQueuedBytes; });
+    m_queuedBytes += bytes;
     m_queue.push_back({ std::move(picture), std::move(path), std::move(format) });
     lock.unlock();
     m_changed.notify_all();
@@ -69,6 +72,7 @@ void PictureFileWriter::Run()
             return;
         Job job = std::move(m_queue.front());
         m_queue.pop_front();
+        m_queuedBytes -= job.picture.Bytes().size();
         m_busy = true;
         lock.unlock();
         m_changed.notify_all();

@@ -23,8 +23,8 @@ public:
     PictureFileWriter(const PictureFileWriter&) = delete;
     PictureFileWriter& operator=(const PictureFileWriter&) = delete;
 
-    // Queues the picture for path as "bmp", "jpg" or "png"; waits while many
-    // pictures are queued, so that memory stays bounded.
+    // Queues the picture for path as "bmp", "jpg" or "png"; waits while the
+    // queued pictures hold many pixels, so that memory stays bounded.
     void Write(Picture picture, std::string path, std::string format);
     // Waits until every queued picture is written, and answers the paths of
     // those that could not be written since the last call.
@@ -43,6 +43,7 @@ private:
     std::condition_variable m_changed;
     std::deque<Job> m_queue;
     std::vector<std::string> m_failed;
+    std::size_t m_queuedBytes { 0 };
     bool m_busy { false };
     bool m_stopping { false };
     std::thread m_thread;

@@ -198,7 +198,8 @@ bool Screenshot::TakeNamedForm(const std::string& formName, int picType, const s
         std::unique_ptr<CXmlForm> saved = node ? LoadXmlForm(*node) : nullptr;
         if (!saved)
             return Fail("Form [" + formName + "] not found in generated project '" + m_loadedPath + "'");
-        picType = EqualsNoCase(m_snapshotFormat, "Bitmap") ? 1 : 2;
+        // A project of PNG pictures gets them; callers choose only bitmap or JPEG.
+        picType = EqualsNoCase(m_snapshotFormat, "Bitmap") ? 1 : (EqualsNoCase(m_snapshotFormat, "Png") ? 3 : 2);
         picture = saved->PicFullPath();
         page = saved->HtmlFullPath();
     } else {
@@ -241,11 +242,11 @@ bool Screenshot::Take(const std::string& formName, int picType, const std::strin
     if (!host || !pages)
         return Fail("Undefined object type and name Form(" + formName + ")");
     CScrivantParameters& parameters = Parameters();
-    parameters.SetImagesFormat(picType == 1 ? 1 : 2);
+    parameters.SetImagesFormat(picType == 1 || picType == 3 ? picType : 2);
     // The format decides the extension, whatever the name asked for.
     std::string picture = pictureFullPath;
     if (!picture.empty())
-        picture = FolderOf(picture) + FileBaseName(picture) + (picType == 1 ? ".bmp" : ".jpg");
+        picture = FolderOf(picture) + FileBaseName(picture) + parameters.ImagesFileExt();
     IHostAgent& agent = *host;
     if (!agent.ComponentExistsTest(objtype::kForm, formName))
         return Fail("Undefined object type and name Form(" + formName + ")");

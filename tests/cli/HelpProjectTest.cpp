@@ -117,8 +117,8 @@ TEST_F(HelpProjectTest, EveryTopicOfTheContentsIsInsideTheCompiledHelp)
     ASSERT_EQ(topics.size(), 5u);
     for (const std::string& topic : topics)
         EXPECT_TRUE(inside.count("/" + topic)) << topic;
-    EXPECT_TRUE(inside.count("/images/Tiny_Form_frmTiny.jpg"));
-    EXPECT_TRUE(inside.count("/images/Tiny_Form_frmTiny_fraMode.jpg"));
+    EXPECT_TRUE(inside.count("/images/Tiny_Form_frmTiny.png"));
+    EXPECT_TRUE(inside.count("/images/Tiny_Form_frmTiny_fraMode.png"));
 }
 
 TEST_F(HelpProjectTest, AFormTopicHasItsPictureMapAndSections)

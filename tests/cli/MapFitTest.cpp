@@ -11,7 +11,7 @@
 
 #include "desktop/CFormRenderer.h"
 #include "desktop/CW_IDEVB6Context.h"
-#include "desktop/cJPEG.h"
+#include "desktop/Picture.h"
 #include "foundation/ObjectNames.h"
 #include "foundation/Paths.h"
 #include "foundation/StringUtil.h"
@@ -139,8 +139,8 @@ void CheckProject(const std::string& projectFile, const std::string& helpFolder,
         std::map<std::string, PixelRect> drawn = DrawnControls(*component->file, &picture);
         ++checked.pages;
         // The picture of the page is the drawing of the form.
-        std::string jpeg = ReadFileText(helpFolder + "images/" + FileBaseName(page) + ".jpg").value_or("");
-        std::optional<Picture> decoded = DecodeJpeg(jpeg);
+        std::string bytes = ReadFileText(helpFolder + "images/" + FileBaseName(page) + ".png").value_or("");
+        std::optional<Picture> decoded = DecodePicture(bytes);
         ASSERT_TRUE(decoded) << page;
         EXPECT_EQ(decoded->Width(), picture.Width()) << page;
         EXPECT_EQ(decoded->Height(), picture.Height()) << page;

@@ -10,7 +10,7 @@
 
 #include "desktop/CAccessFormRenderer.h"
 #include "desktop/CW_AccessContext.h"
-#include "desktop/cJPEG.h"
+#include "desktop/Picture.h"
 #include "foundation/ObjectNames.h"
 #include "foundation/Paths.h"
 #include "foundation/StringUtil.h"
@@ -112,7 +112,7 @@ TEST(OfficeExamples, AnAccessApplicationsObjectsHaveTopicsAndItsFormsMapsFit)
                 for (std::size_t page = 1; page < control->children.size(); ++page)
                     if (renderer.ShowTabPage(control->name, static_cast<int>(page)))
                         take();
-        std::optional<Picture> saved = DecodeJpeg(ReadFileText(help + "images/AccessDemo_Form_" + formName + ".jpg").value_or(""));
+        std::optional<Picture> saved = DecodePicture(ReadFileText(help + "images/AccessDemo_Form_" + formName + ".png").value_or(""));
         ASSERT_TRUE(saved) << formName;
         EXPECT_EQ(saved->Width(), picture.Width());
         EXPECT_EQ(saved->Height(), picture.Height());
@@ -166,7 +166,7 @@ TEST(OfficeExamples, AWorkbooksWorksheetsChartsAndFormsHaveTopics)
     EXPECT_NE(Page(help, "SalesReport_Chart_Trend.htm").find("line chart"), std::string::npos);
     std::string form = Page(help, "SalesReport_Form_frmFilter.htm");
     EXPECT_NE(form.find("Filter the Sales"), std::string::npos);
-    std::optional<Picture> picture = DecodeJpeg(ReadFileText(help + "images/SalesReport_Form_frmFilter.jpg").value_or(""));
+    std::optional<Picture> picture = DecodePicture(ReadFileText(help + "images/SalesReport_Form_frmFilter.png").value_or(""));
     ASSERT_TRUE(picture);
     EXPECT_EQ(picture->Width(), 320 + 8);
     std::string contents = Page(help, "SalesReport.hhc");

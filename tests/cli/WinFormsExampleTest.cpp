@@ -10,7 +10,7 @@
 
 #include "desktop/CWinFormRenderer.h"
 #include "desktop/CW_IDEVSContext.h"
-#include "desktop/cJPEG.h"
+#include "desktop/Picture.h"
 #include "foundation/ObjectNames.h"
 #include "foundation/Paths.h"
 #include "foundation/StringUtil.h"
@@ -115,7 +115,7 @@ TEST(WinFormsExample, TheSolutionsTopicsHavePicturesWhoseMapsLieOnTheControls)
         Picture picture;
         std::map<std::string, PixelRect> drawn = DrawnControls(design, picture);
         ++pages;
-        std::optional<Picture> saved = DecodeJpeg(ReadFileText(help + "images/" + FileBaseName(page) + ".jpg").value_or(""));
+        std::optional<Picture> saved = DecodePicture(ReadFileText(help + "images/" + FileBaseName(page) + ".png").value_or(""));
         ASSERT_TRUE(saved) << page;
         EXPECT_EQ(saved->Width(), picture.Width()) << page;
         EXPECT_EQ(saved->Height(), picture.Height()) << page;

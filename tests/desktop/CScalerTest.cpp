@@ -58,12 +58,14 @@ Begin VB.Form frmFive
 End
 )";
 
+// The file keeps twips whatever the form's ScaleMode; in pixels the IDE (and
+// the processor) hand them out divided by 15.
 std::string FiveTabs(bool pixels)
 {
-    std::string text = kFiveTabs;
-    for (auto [key, twips, pixel] : { std::tuple { "@MODE@", "1", "3" }, { "@LEFT@", "300", "20" }, { "@TOP@", "600", "40" },
-             { "@WIDTH@", "4500", "300" }, { "@HEIGHT@", "3000", "200" }, { "@TABHEIGHT@", "450", "30" } })
-        text = ReplaceAll(text, key, pixels ? pixel : twips);
+    std::string text = ReplaceAll(kFiveTabs, "@MODE@", pixels ? "3" : "1");
+    for (auto [key, twips] : { std::pair { "@LEFT@", "300" }, { "@TOP@", "600" }, { "@WIDTH@", "4500" },
+             { "@HEIGHT@", "3000" }, { "@TABHEIGHT@", "450" } })
+        text = ReplaceAll(text, key, twips);
     return text;
 }
 

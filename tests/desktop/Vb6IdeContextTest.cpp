@@ -295,16 +295,18 @@ TEST_F(Vb6IdeContextTest, TabPagesShowTheirControlsWhereTheyStandWhenShown)
     EXPECT_FALSE(Control(first, "txtB"));
 }
 
-TEST_F(Vb6IdeContextTest, AFormInPixelsKeepsTheTwipsOfAFramesChildren)
+TEST_F(Vb6IdeContextTest, AFormInPixelsKeepsTwipsInItsFile)
 {
+    // The IDE shows the form's own controls in pixels, and saves them, as
+    // every other place and size, in twips.
     m_work.Write("Px.vbp", "Type=Exe\r\nForm=frmPx.frm\r\n");
     m_work.Write("frmPx.frm", "VERSION 5.00\r\nBegin VB.Form frmPx \r\n"
                               "   BorderStyle     =   0  'None\r\n   ClientHeight    =   1500\r\n   ClientWidth     =   3000\r\n"
                               "   ScaleMode       =   3  'Pixel\r\n"
-                              "   Begin VB.CommandButton cmdGo \r\n      Caption = \"&Go\"\r\n      Height = 25\r\n"
-                              "      Left = 10\r\n      TabIndex = 0\r\n      Top = 20\r\n      Width = 80\r\n   End\r\n"
-                              "   Begin VB.Frame fraBox \r\n      Caption = \"Box\"\r\n      Height = 60\r\n      Left = 100\r\n"
-                              "      TabIndex = 1\r\n      Top = 10\r\n      Width = 90\r\n"
+                              "   Begin VB.CommandButton cmdGo \r\n      Caption = \"&Go\"\r\n      Height = 375\r\n"
+                              "      Left = 150\r\n      TabIndex = 0\r\n      Top = 300\r\n      Width = 1200\r\n   End\r\n"
+                              "   Begin VB.Frame fraBox \r\n      Caption = \"Box\"\r\n      Height = 900\r\n      Left = 1500\r\n"
+                              "      TabIndex = 1\r\n      Top = 150\r\n      Width = 1350\r\n"
                               "      Begin VB.CheckBox chkOne \r\n         Caption = \"One\"\r\n         Height = 255\r\n"
                               "         Left = 150\r\n         TabIndex = 2\r\n         Top = 300\r\n         Width = 900\r\n"
                               "      End\r\n   End\r\nEnd\r\n");

@@ -67,7 +67,7 @@ TEST_F(HtmlRefsCheckerTest, LinksBrokenOnPurposeAreFoundAndNothingElse)
         " <a href=\"images\">folder</a></p>"
         "<img src=\"images/missing.png\"><img src=\"../" + outsideFolder + "/elsewhere.png\"><img src=\"../gone.png\">"
         "<img alt=\"no source\">");
-    ASSERT_TRUE(DeleteFileIfExists(Page("images/OrderDesk_Form_frmLogin.jpg")));
+    ASSERT_TRUE(DeleteFileIfExists(Page("images/OrderDesk_Form_frmLogin.png")));
     ASSERT_TRUE(DeleteFileIfExists(Page("OrderDesk_Form_frmAbout.htm")));
 
     CHtmlRefsChecker checker(*m_ui);
@@ -83,7 +83,7 @@ TEST_F(HtmlRefsCheckerTest, LinksBrokenOnPurposeAreFoundAndNothingElse)
             { "Welcome.htm", "IMG", outside / "elsewhere.png", "Less suitable location", less },
             { "Welcome.htm", "IMG", parent + "gone.png", "Image missing", "Image missing" },
             { "Dialogs.htm", "A", Page("OrderDesk_Form_frmAbout.htm"), "Broken hyperlink", "Broken hyperlink" },
-            { "OrderDesk_Form_frmLogin.htm", "IMG", Page("images/OrderDesk_Form_frmLogin.jpg"), "Image missing",
+            { "OrderDesk_Form_frmLogin.htm", "IMG", Page("images/OrderDesk_Form_frmLogin.png"), "Image missing",
                 "Image missing" },
         }));
     EXPECT_EQ(checker.BrokenLinks().front().Page, Page("Welcome.htm"));

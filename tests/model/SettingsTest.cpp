@@ -42,7 +42,7 @@ TEST_F(SettingsTest, TheShippedSettingsLoadWithTheirDefaults)
 {
     ASSERT_EQ(m_settings.Load(test::SourceDataFolder() + "Settings/ScrivantSettings.xml", false), 0u);
     EXPECT_EQ(m_parameters.IdentifyControls(), 0);
-    EXPECT_EQ(m_parameters.ImagesFormat(), 2);
+    EXPECT_EQ(m_parameters.ImagesFormat(), 3);
     EXPECT_TRUE(m_parameters.AddHotSpotsForForm);
     EXPECT_TRUE(m_parameters.CompileHTMLHelp);
     EXPECT_TRUE(m_parameters.GenerateHelpForForms);

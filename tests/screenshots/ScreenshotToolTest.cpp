@@ -89,17 +89,17 @@ TEST_F(ScreenshotToolTest, ALoadedHelpProjectSaysWhereAFormsPictureAndTopicGo)
     std::string topic = help + "OrderDesk_Form_frmAbout.htm";
     std::string before = ReadFileText(topic).value_or("");
     ASSERT_FALSE(before.empty());
-    std::filesystem::remove(help + "images/OrderDesk_Form_frmAbout.jpg");
+    std::filesystem::remove(help + "images/OrderDesk_Form_frmAbout.png");
 
     ASSERT_TRUE(m_screenshot.LoadProject(help + "OrderDesk.svp")) << m_screenshot.LastErrDscr();
-    EXPECT_EQ(m_screenshot.LoadedProjectSnapshotFormat(), "Jpeg");
+    EXPECT_EQ(m_screenshot.LoadedProjectSnapshotFormat(), "Png");
     EXPECT_EQ(m_screenshot.LoadedProjectHtmlFolder(), help);
     EXPECT_FALSE(m_screenshot.TakeVB6FormScreenshot("frmNoSuch", -1, "", "", ""));
     EXPECT_EQ(m_screenshot.LastErrDscr(),
         "Form [frmNoSuch] not found in generated project '" + help + "OrderDesk.svp'");
     ASSERT_TRUE(m_screenshot.TakeVB6FormScreenshot("frmAbout", -1, "", "", "")) << m_screenshot.LastErrDscr();
-    EXPECT_EQ(m_screenshot.TakenImageFullPath(), help + "images/OrderDesk_Form_frmAbout.jpg");
-    EXPECT_TRUE(FileExists(help + "images/OrderDesk_Form_frmAbout.jpg"));
+    EXPECT_EQ(m_screenshot.TakenImageFullPath(), help + "images/OrderDesk_Form_frmAbout.png");
+    EXPECT_TRUE(FileExists(help + "images/OrderDesk_Form_frmAbout.png"));
     EXPECT_NE(ReadFileText(topic).value_or("").find("<MAP NAME=\"frmAbout\">"), std::string::npos);
 }
 
