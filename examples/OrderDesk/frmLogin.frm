@@ -17,62 +17,62 @@ Begin VB.Form frmLogin
    StartUpPosition =   2  'CenterScreen
    Begin VB.Label lblUser 
       Caption         =   "&User name:"
-      Height          =   17
-      Left            =   8
+      Height          =   255
+      Left            =   120
       TabIndex        =   0
-      Top             =   16
-      Width           =   81
+      Top             =   240
+      Width           =   1215
    End
    Begin VB.TextBox txtUser 
-      Height          =   21
-      Left            =   96
+      Height          =   315
+      Left            =   1440
       TabIndex        =   1
-      Top             =   12
-      Width           =   201
+      Top             =   180
+      Width           =   3015
    End
    Begin VB.Label lblPassword 
       Caption         =   "&Password:"
-      Height          =   17
-      Left            =   8
+      Height          =   255
+      Left            =   120
       TabIndex        =   2
-      Top             =   48
-      Width           =   81
+      Top             =   720
+      Width           =   1215
    End
    Begin VB.TextBox txtPassword 
-      Height          =   21
+      Height          =   315
       IMEMode         =   3  'DISABLE
-      Left            =   96
+      Left            =   1440
       PasswordChar    =   "*"
       TabIndex        =   3
       ToolTipText     =   "Passwords are case sensitive"
-      Top             =   44
-      Width           =   201
+      Top             =   660
+      Width           =   3015
    End
    Begin VB.CheckBox chkRemember 
       Caption         =   "&Remember my user name"
-      Height          =   17
-      Left            =   96
+      Height          =   255
+      Left            =   1440
       TabIndex        =   4
-      Top             =   76
-      Width           =   201
+      Top             =   1140
+      Width           =   3015
    End
    Begin VB.CommandButton cmdOK 
       Caption         =   "OK"
       Default         =   -1  'True
-      Height          =   25
-      Left            =   120
+      Height          =   375
+      Left            =   1800
       TabIndex        =   5
-      Top             =   104
-      Width           =   81
+      Top             =   1560
+      Width           =   1215
    End
    Begin VB.CommandButton cmdCancel 
       Cancel          =   -1  'True
       Caption         =   "Cancel"
-      Height          =   25
-      Left            =   216
+      Height          =   375
+      Left            =   3240
       TabIndex        =   6
-      Top             =   104
-      Width           =   81
+      Top             =   1560
+      Width           =   1215
    End
 End
 Attribute VB_Name = "frmLogin"

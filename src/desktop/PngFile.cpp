@@ -20,25 +20,38 @@ std::uint32_t Key(const std::uint8_t* rgb)
     return (static_cast<std::uint32_t>(rgb[0]) << 16) | (static_cast<std::uint32_t>(rgb[1]) << 8) | rgb[2];
 }
 
-// The colours of the picture in the order they first appear, with the index
-// of each; nothing when there are more than a palette holds.
+// The colours of the picture in the order they first appear and the palette
+// index of every pixel; nothing when there are more than a palette holds.
 struct Palette {
     std::vector<png_color> colours;
-    std::unordered_map<std::uint32_t, std::uint8_t> index;
+    std::vector<std::uint8_t> pixels;
 };
 
 std::optional<Palette> PaletteOf(const Picture& picture)
 {
     Palette palette;
+    std::unordered_map<std::uint32_t, std::uint8_t> index;
     const std::vector<std::uint8_t>& bytes = picture.Bytes();
+    palette.pixels.reserve(bytes.size() / 3);
+    // Screenshots are runs of one colour: the previous pixel's index is most often the answer.
+    std::uint32_t lastKey = 0;
+    std::uint8_t lastIndex = 0;
+    bool hasLast = false;
     for (std::size_t i = 0; i + 2 < bytes.size(); i += 3) {
         std::uint32_t key = Key(&bytes[i]);
-        if (palette.index.count(key))
-            continue;
-        if (palette.colours.size() == kMaxPaletteColours)
-            return std::nullopt;
-        palette.index.emplace(key, static_cast<std::uint8_t>(palette.colours.size()));
-        palette.colours.push_back({ bytes[i], bytes[i + 1], bytes[i + 2] });
+        if (!hasLast || key != lastKey) {
+            auto found = index.find(key);
+            if (found == index.end()) {
+                if (palette.colours.size() == kMaxPaletteColours)
+                    return std::nullopt;
+                found = index.emplace(key, static_cast<std::uint8_t>(palette.colours.size())).first;
+                palette.colours.push_back({ bytes[i], bytes[i + 1], bytes[i + 2] });
+            }
+            lastKey = key;
+            lastIndex = found->second;
+            hasLast = true;
+        }
+        palette.pixels.push_back(lastIndex);
     }
     return palette;
 }
@@ -57,9 +70,9 @@ std::vector<std::uint8_t> PackedRow(const Picture& picture, int y, const Palette
 {
     int width = picture.Width();
     std::vector<std::uint8_t> row((static_cast<std::size_t>(width) * bits + 7) / 8, 0);
-    const std::uint8_t* pixels = picture.Bytes().data() + static_cast<std::size_t>(y) * width * 3;
+    const std::uint8_t* indexes = palette.pixels.data() + static_cast<std::size_t>(y) * width;
     for (int x = 0; x < width; ++x) {
-        std::uint8_t index = palette.index.at(Key(pixels + static_cast<std::size_t>(x) * 3));
+        std::uint8_t index = indexes[x];
         std::size_t bit = static_cast<std::size_t>(x) * bits;
         row[bit / 8] |= static_cast<std::uint8_t>(index << (8 - bits - bit % 8));
     }

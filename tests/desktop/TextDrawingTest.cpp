@@ -207,6 +207,20 @@ TEST(PngFile, PicturesComeBackPixelForPixel)
     }
 }
 
+TEST(PngFile, RunsOfOneColourComeBackAcrossRowEnds)
+{
+    // Screenshots are long runs, often continuing from one row into the next.
+    Picture picture(23, 9);
+    for (int y = 0; y < 9; ++y)
+        for (int x = 0; x < 23; ++x) {
+            int run = (x + y * 23) / 17 % 5;
+            picture.SetPixel(x, y, { static_cast<std::uint8_t>(run * 40), 10, static_cast<std::uint8_t>(255 - run) });
+        }
+    std::optional<Picture> back = DecodePng(EncodePng(picture));
+    ASSERT_TRUE(back);
+    EXPECT_TRUE(*back == picture);
+}
+
 TEST(PngFile, FewColoursMakeAnIndexedImageOfFewBits)
 {
     // The colour type byte of the header: 3 indexed, 2 true colour; the bit depth before it.
