@@ -547,8 +547,9 @@ std::unique_ptr<CXmlForm> CScrivant::DescribeSourceObject(int type, const std::s
             form->SourceProjectName = sourceProjectName.empty() ? Agent().CurrentSourceProjectName() : sourceProjectName;
         if (form->SourceProjectType.empty())
             form->SourceProjectType = sourceProjectType.empty() ? hostType : sourceProjectType;
-        Agent().ActivateComponent(type, name, false, false);
         if (takeScreenshots) {
+            // Opening the designer draws the form: only a picture needs it.
+            Agent().ActivateComponent(type, name, false, false);
             Screenshot screenshot;
             screenshot.SetPictureWriter(m_pictureWriter.get());
             screenshot.LocateObjectsAndTakeScreenshots(*form, FolderOf(form->PicFullPath()));
