@@ -191,6 +191,7 @@ std::uint32_t CScrivActions::OpenWizardForm(bool ask)
     PrepareForModalForm();
     m_wizard = std::make_unique<CHelpWizardForm>();
     m_wizard->SetOnClosing([this] { m_server.ProcessWizardFormClosing(); });
+    m_wizard->SetOnReload([this] { m_server.ReloadNewProject(); });
     m_wizard->init(data.GetSettings());
     m_wizard->Show();
     if (parameters.WizardUnattendedExecution || data.Unattended)
