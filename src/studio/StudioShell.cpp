@@ -192,8 +192,13 @@ std::uint32_t StudioShell::Run(const std::string& command, const json& arguments
 std::uint32_t StudioShell::Dispatch(const std::string& command, const json& arguments)
 {
     CScrivServer& server = Server();
-    if (command == "WizardFinish")
-        return m_wizard.Finish();
+    if (command == "WizardFinish") {
+        std::uint32_t result = m_wizard.Finish();
+        // The compiled help the person asked to see opens in the studio's viewer.
+        if (result == status::kOk && Parameters().OpenHTMLHelp)
+            OpenHelp(true);
+        return result;
+    }
     if (command == "WizardCancel")
         return m_wizard.Cancel();
     if (command == "WizardClick")
@@ -463,6 +468,9 @@ std::optional<json> StudioShell::WizardAct(const json& request, std::string& pro
     std::optional<json> page = m_wizard.Act(request, problem);
     // A new preview may lie in a folder made just now.
     m_files.SetRoots(AllowedFolders());
+    // A value may rename the help project that the page shows beside the wizard.
+    if (page && request.is_object() && request.value("action", "") == "set")
+        m_events.Publish({ { "type", "state-changed" } });
     return page;
 }
 
