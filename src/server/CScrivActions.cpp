@@ -483,9 +483,7 @@ std::uint32_t CScrivActions::OpenAboutForm()
 {
     return Guarded("CScrivActions.OpenAboutForm", [&] {
         m_server.Data().LoadSettings(true);
-        MsgBox(std::string(kProgramTitle) + " v." + kProgramVersion + kCrLfText + kCrLfText
-                + "Writes and maintains the help of an application: topics, contents, index, compiled help and "
-                  "browser help.",
+        MsgBox(std::string(kProgramTitle) + " v." + kProgramVersion + kCrLfText + kCrLfText + kProgramDescription,
             msgbox::kInformation, std::string("About ") + kProgramTitle, "", 0, "CScrivActions.OpenAboutForm");
         return status::kOk;
     });

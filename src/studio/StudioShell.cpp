@@ -203,7 +203,9 @@ std::uint32_t StudioShell::Dispatch(const std::string& command, const json& argu
         return m_wizard.Cancel();
     if (command == "WizardClick")
         return m_wizard.Click(arguments.is_object() ? arguments.value("control", "") : "");
-    if (command == "NewProject" || command == "OpenProject" || command == "HelpTopics" || command == "AboutForm")
+    if (command == "AboutForm")
+        return ShowAbout();
+    if (command == "NewProject" || command == "OpenProject" || command == "HelpTopics")
         return m_menu.Run(command);
     if (command == "OpenHelpOfActiveProject")
         return OpenHelpOfActiveProject();
@@ -384,6 +386,23 @@ std::uint32_t StudioShell::OpenStartProject(const std::string& projectFile)
         return status::kAbandoned;
     }
     return Server().ReloadScrivProject(projectFile, 0);
+}
+
+std::uint32_t StudioShell::ShowAbout()
+{
+    if (!m_menu.ServerIsInitializedOK())
+        return status::kAbandoned;
+    Server().Data().LoadSettings(true);
+    json about = {
+        { "type", "about" },
+        { "title", std::string("About ") + kProgramTitle },
+        { "program", kProgramTitle },
+        { "version", kProgramVersion },
+        { "description", kProgramDescription },
+        { "help", HelpProjectState() },
+    };
+    m_events.Publish(about);
+    return status::kOk;
 }
 
 // --- for the page ---

@@ -86,6 +86,9 @@ public:
     std::uint32_t RegenerateHelpProject(bool ask);
     // Opens a project file as the current help project (the studio's start).
     std::uint32_t OpenStartProject(const std::string& projectFile);
+    // The About box of the studio: the program's name, version and what it
+    // does, and the current help project; shown by the page, nothing waits.
+    std::uint32_t ShowAbout();
 
     // --- for the page ---
     // The open application, the menu, the current help project and whether a

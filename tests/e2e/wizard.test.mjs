@@ -411,3 +411,25 @@ describe("the wizard cancelled", () => {
         }
     });
 });
+
+describe("the About box", () => {
+    test("names the program, its version and what it does, and closes with OK", async () => {
+        const application = await freshApplication("about");
+        const studio = await startStudio(application.source, application.data);
+        const page = await openStudioPage(studio);
+        try {
+            await chooseMenu(page, "Scrivant", "About...");
+            const about = page.locator("dialog.about-box[open]");
+            await about.waitFor();
+            assert.equal(await about.locator(".dialog-title").innerText(), "About Scrivant");
+            assert.match(await about.locator(".about-program").innerText(), /^Scrivant \d+\.\d+\.\d+$/);
+            assert.match(await about.locator(".about-description").innerText(), /help of an application/);
+            await about.getByRole("button", { name: "OK" }).click();
+            await about.waitFor({ state: "detached" });
+            assert.deepEqual(page.problems, []);
+        } finally {
+            await page.close();
+            await studio.stop();
+        }
+    });
+});

@@ -5,6 +5,7 @@
 
 #include "foundation/IUserInterface.h"
 #include "foundation/Paths.h"
+#include "foundation/Version.h"
 #include "foundation/ScriptedUserInterface.h"
 #include "generation/HtmlHelpCompiler.h"
 #include "model/CAddInProjects.h"
@@ -405,14 +406,23 @@ TEST_F(StudioShellTest, RecompileAndRegenerateWorkOnTheCurrentProject)
     EXPECT_EQ(m_ui->MessageBoxes().back().text, "There are no new objects in the source project");
 }
 
-TEST_F(StudioShellTest, HelpContentsAndAboutAnswerThroughBoxes)
+TEST_F(StudioShellTest, HelpContentsAnswersThroughABoxAndAboutThroughTheStudiosOwnBox)
 {
     StartShell(OrdersHost());
     EXPECT_EQ(m_shell->Run("HelpTopics"), status::kAbandoned);
     EXPECT_EQ(m_shell->Run("AboutForm"), 0u);
-    ASSERT_EQ(m_ui->MessageBoxes().size(), 2u);
+    ASSERT_EQ(m_ui->MessageBoxes().size(), 1u);
     EXPECT_EQ(m_ui->MessageBoxes()[0].text, "Help doesn't exist '" + Folders().InstallFolder() + "Scrivant.chm'.");
-    EXPECT_EQ(m_ui->MessageBoxes()[1].title, "About Scrivant");
+    std::vector<json> about = PageEvents("about");
+    ASSERT_EQ(about.size(), 1u);
+    EXPECT_EQ(about[0]["title"], "About Scrivant");
+    EXPECT_EQ(about[0]["program"], "Scrivant");
+    EXPECT_EQ(about[0]["version"], kProgramVersion);
+    EXPECT_EQ(about[0]["description"], kProgramDescription);
+    EXPECT_TRUE(about[0]["help"].is_null());
+    Generate();
+    m_shell->Run("AboutForm");
+    EXPECT_EQ(PageEvents("about").back()["help"]["name"], "Orders");
 }
 
 TEST_F(StudioShellTest, TheStateNamesTheApplicationAndItsForms)

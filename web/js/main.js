@@ -2,6 +2,7 @@
 // the main area with the help viewer, and the dialogs and progress of the
 // program.
 
+import { installAboutBox } from "./about.js";
 import { studioApi } from "./api.js";
 import { installDialogs } from "./dialogs.js";
 import { connectEvents, onStudioEvent } from "./events.js";
@@ -107,6 +108,7 @@ registerHelpViewer(mainArea, contentBases);
 registerWizard(mainArea, contentBases);
 installDialogs();
 installProgressWindow();
+installAboutBox();
 
 onStudioEvent("connection", ({ connected }) => {
     connection.textContent = connected ? "" : "Not connected to Scrivant";
