@@ -342,7 +342,8 @@ describe("a new help project made page by page", () => {
         await next(page, "HelpProject");
         for (const name of ["Application", "Author", "FolderForGeneratedFiles"])
             await next(page, name);
-        await typeInto(page, "txtDirToSaveHtml", path.join(path.dirname(application.help), "Help2"));
+        // Typed, and Finish pressed at once: the new folder reaches the wizard first.
+        await control(page, "txtDirToSaveHtml").locator("input").fill(path.join(path.dirname(application.help), "Help2"));
         await page.locator(".wizard .wizard-finish").click();
         const statistics = messageBox(page, "Help Generation Completed");
         await statistics.waitFor();

@@ -33,7 +33,9 @@ const wizardApi = {
 class WizardView {
     #content;
     #page = null;
-    #busy = false;
+    // Changes reach the server one after the other, in the order they were made.
+    #queue = Promise.resolve();
+    #pending = 0;
     #previewCount = 0;
     #collapsed = new Set();
     #menu = null;
@@ -89,33 +91,33 @@ class WizardView {
         }
     }
 
-    async #act(request) {
-        if (this.#busy)
-            return;
-        this.#setBusy(true);
-        try {
-            this.show(await wizardApi.act(request));
-        } catch (error) {
-            // Refused (a command runs, the control is gone): the page as it is.
-            this.#showProblem(error.message);
-            if (error instanceof ApiError && error.status === 409)
-                await this.load();
-        } finally {
-            this.#setBusy(false);
-        }
+    #act(request) {
+        this.#pending += 1;
+        this.element.toggleAttribute("data-busy", true);
+        this.#queue = this.#queue.then(async () => {
+            try {
+                this.show(await wizardApi.act(request));
+            } catch (error) {
+                // Refused (a command runs, the control is gone): the page as it is.
+                this.#showProblem(error.message);
+                if (error instanceof ApiError && error.status === 409)
+                    await this.load();
+            } finally {
+                this.#pending -= 1;
+                this.element.toggleAttribute("data-busy", this.#pending > 0);
+            }
+        });
+        return this.#queue;
     }
 
+    // A command (Finish after a value typed) starts after the changes made before it.
     async #command(command, args = {}) {
+        await this.#queue;
         try {
             await studioApi.command(command, args);
         } catch (error) {
             this.#showProblem(error.message);
         }
-    }
-
-    #setBusy(busy) {
-        this.#busy = busy;
-        this.element.toggleAttribute("data-busy", busy);
     }
 
     #showProblem(text) {
