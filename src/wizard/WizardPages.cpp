@@ -226,15 +226,17 @@ void ctlHelpProject::OnChanged(CHelpWizardFormPageControl& control)
     if (Is(control, "txtName")) {
         std::string name = Trim(control.Value);
         m_nameProblem.clear();
-        if (name.empty()) {
+        // The registry is keyed by name: a name another project has is refused,
+        // and the box shows the name the project keeps.
+        if (name.empty())
             m_nameProblem = "A help project needs a name.";
-            return;
-        }
-        // The registry is keyed by name: a name another project has stays refused.
-        if (projects && !projects->ChangeCurrentProjectName(name)) {
+        else if (projects && !projects->ChangeCurrentProjectName(name))
             m_nameProblem = "Scrivant project already exists '" + name + "'.";
+        if (!m_nameProblem.empty()) {
+            control.Value = Parameters().HelpProjectName();
             return;
         }
+        control.Value = name;
         Wizard().WriteControl(control);
         return;
     }

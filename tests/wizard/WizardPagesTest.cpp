@@ -185,6 +185,14 @@ TEST_F(WizardPagesTest, ANewNameRenamesTheHelpProjectUnlessAnotherHasIt)
     EXPECT_EQ(page.NameProblem(), "Scrivant project already exists 'Archive'.");
     EXPECT_EQ(Data().Projects().CurrentProject()->Name, "OrdersHelp");
     EXPECT_EQ(Parameters().HelpProjectName(), "OrdersHelp");
+    // The box keeps the name the project has, also when the page is left.
+    EXPECT_EQ(Control(wizard, "txtName").Value, "OrdersHelp");
+    wizard.NextPage();
+    EXPECT_EQ(Parameters().HelpProjectName(), "OrdersHelp");
+    wizard.PreviousPage();
+    ASSERT_TRUE(wizard.SetControlValue("txtName", "  "));
+    EXPECT_EQ(page.NameProblem(), "A help project needs a name.");
+    EXPECT_EQ(Control(wizard, "txtName").Value, "OrdersHelp");
 
     ASSERT_TRUE(wizard.SetControlValue("txtTitle", "Order Desk Help"));
     EXPECT_EQ(Data().Projects().CurrentProject()->Title(), "Order Desk Help");
