@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstdlib>
+#include <cmath>
 #include <functional>
 #include <filesystem>
 #include <unistd.h>
@@ -180,6 +181,22 @@ TEST_F(StudioWizardTest, TheContentsPageLeavesOutAndMovesTopicsAndTheGenerationF
     EXPECT_EQ(moved[at], before[at - 1]);
     page = Act({ { "action", "menu" }, { "item", "mnuDown" } });
     EXPECT_EQ(SiblingTexts(page, "Dialogs"), before);
+
+    // Right puts it first under the topic below it, Left back beside that one.
+    ASSERT_LT(at + 1, static_cast<long>(before.size()));
+    std::string below = before[at + 1];
+    page = Act({ { "action", "menu" }, { "item", "mnuRight" } });
+    EXPECT_EQ(SiblingTexts(page, below).front(), "Customer");
+    std::vector<std::string> left = SiblingTexts(page, "Dialogs");
+    EXPECT_EQ(std::count(left.begin(), left.end(), "Customer"), 0);
+    page = Act({ { "action", "select" }, { "key", ItemWithText(page, "Customer")["key"] } });
+    page = Act({ { "action", "menu" }, { "item", "mnuLeft" } });
+    std::vector<std::string> back = SiblingTexts(page, "Dialogs");
+    auto customer_at = std::find(back.begin(), back.end(), "Customer") - back.begin();
+    auto below_at = std::find(back.begin(), back.end(), below) - back.begin();
+    ASSERT_LT(customer_at, static_cast<long>(back.size()));
+    EXPECT_EQ(std::abs(customer_at - below_at), 1) << ::testing::PrintToString(back);
+    EXPECT_TRUE(SiblingTexts(page, below).empty());
 
     // Only the page's items: nothing of the editor's full menu.
     EXPECT_EQ(Refused({ { "action", "menu" }, { "item", "mnuDelete" } }), "'mnuDelete' cannot be done on the selected node.");
