@@ -191,6 +191,7 @@ std::uint32_t CScrivActions::OpenWizardForm(bool ask)
     PrepareForModalForm();
     m_wizard = std::make_unique<CHelpWizardForm>();
     m_wizard->SetOnClosing([this] { m_server.ProcessWizardFormClosing(); });
+    m_wizard->SetOnReload([this] { m_server.ReloadNewProject(); });
     m_wizard->init(data.GetSettings());
     m_wizard->Show();
     if (parameters.WizardUnattendedExecution || data.Unattended)
@@ -482,9 +483,7 @@ std::uint32_t CScrivActions::OpenAboutForm()
 {
     return Guarded("CScrivActions.OpenAboutForm", [&] {
         m_server.Data().LoadSettings(true);
-        MsgBox(std::string(kProgramTitle) + " v." + kProgramVersion + kCrLfText + kCrLfText
-                + "Writes and maintains the help of an application: topics, contents, index, compiled help and "
-                  "browser help.",
+        MsgBox(std::string(kProgramTitle) + " v." + kProgramVersion + kCrLfText + kCrLfText + kProgramDescription,
             msgbox::kInformation, std::string("About ") + kProgramTitle, "", 0, "CScrivActions.OpenAboutForm");
         return status::kOk;
     });

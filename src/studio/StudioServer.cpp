@@ -252,6 +252,30 @@ void StudioServer::InstallRoutes()
         SendJson(response, { { "accepted", true }, { "command", command } }, 202);
     });
 
+    http.Get("/api/wizard", [this](const httplib::Request&, httplib::Response& response) {
+        std::optional<json> page = OnLogic([this] { return m_shell.Wizard().Page(); });
+        if (!page)
+            return Busy(response);
+        SendJson(response, *page);
+    });
+
+    http.Post("/api/wizard", [this](const httplib::Request& request, httplib::Response& response) {
+        std::optional<json> body = ParseBody(request);
+        if (!body)
+            return SendJson(response, { { "error", "A wizard request is a JSON object." } }, 400);
+        // Finish, Cancel and the page's buttons run as commands (/api/command).
+        std::optional<std::pair<std::optional<json>, std::string>> answer = OnLogic([this, body] {
+            std::string problem;
+            std::optional<json> page = m_shell.WizardAct(*body, problem);
+            return std::make_pair(page, problem);
+        });
+        if (!answer)
+            return Busy(response);
+        if (!answer->first)
+            return SendJson(response, { { "error", answer->second } }, 409);
+        SendJson(response, *answer->first);
+    });
+
     http.Post("/api/dialog", [this](const httplib::Request& request, httplib::Response& response) {
         std::optional<json> body = ParseBody(request);
         if (!body || !(*body)["id"].is_number_integer() || (*body)["id"].get<long long>() < 0 || !body->contains("answer"))

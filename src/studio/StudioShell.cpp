@@ -1,5 +1,9 @@
 #include "studio/StudioShell.h"
 
+#include <filesystem>
+#include <sys/stat.h>
+#include <unistd.h>
+
 #include "foundation/AppFolders.h"
 #include "foundation/CTraceLog.h"
 #include "foundation/ErrorMessage.h"
@@ -55,12 +59,25 @@ constexpr const char* kWebHelpPage = "main.htm";
 // The browser help of the program's manual, beside its compiled help.
 constexpr const char* kManualWebHelp = "Manual/main.htm";
 
+// A folder that is this user's, and whose path holds no symbolic link.
+bool IsOwnPlainFolder(const std::string& folder)
+{
+    std::error_code error;
+    std::filesystem::path path(folder);
+    std::filesystem::path resolved = std::filesystem::canonical(path, error);
+    if (error || resolved != std::filesystem::path(RemoveBackslash(path.lexically_normal().string())))
+        return false;
+    struct stat info {};
+    return ::lstat(resolved.c_str(), &info) == 0 && S_ISDIR(info.st_mode) && info.st_uid == ::getuid();
+}
+
 }  // namespace
 
 StudioShell::StudioShell(StudioEvents& events, StudioFileAccess& files)
     : m_events(events)
     , m_files(files)
     , m_menu([this] { return TestThatHtmlWorkshopInstalled(); }, [this] { return OpenHelpTopics(); })
+    , m_wizard([this]() -> CScrivServer* { return m_client ? CurrentServer() : nullptr; })
 {
 }
 
@@ -103,9 +120,8 @@ void StudioShell::Connect(std::unique_ptr<IHostIDEContext> host, const std::stri
         Raise(status::kGeneralFailure, "StudioShell.Connect", "The server could not be started.");
     CScrivServerData& data = Server().Data();
     data.LoadSettings(false);
-    // Until the wizard's pages are shown in the browser, it finishes with the
-    // values of the settings.
-    data.Unattended = true;
+    // The person answers the wizard's pages in the browser.
+    data.Unattended = false;
     m_sourceProjects = ReadSourceProjects(false);
     m_files.SetRoots(AllowedFolders());
 }
@@ -142,6 +158,9 @@ const std::vector<std::string>& StudioShell::Commands()
         "RecompileHelpProject",
         "RegenerateHelpProject",
         "OpenStartProject",
+        "WizardFinish",
+        "WizardCancel",
+        "WizardClick",
     };
     return commands;
 }
@@ -177,17 +196,20 @@ std::uint32_t StudioShell::Run(const std::string& command, const json& arguments
 std::uint32_t StudioShell::Dispatch(const std::string& command, const json& arguments)
 {
     CScrivServer& server = Server();
-    if (command == "NewProject") {
-        std::uint32_t result = m_menu.Run(command);
-        // The wizard stays open after a refused check so that its answer can
-        // be changed; with no wizard pages in the page yet, nobody could, and
-        // its open form would block Open Help Project. It is closed unchanged.
-        CHelpWizardForm* wizard = server.Actions().Wizard();
-        if (wizard && wizard->Shown() && server.Data().Unattended)
-            wizard->Cancel();
+    if (command == "WizardFinish") {
+        std::uint32_t result = m_wizard.Finish();
+        // The compiled help the person asked to see opens in the studio's viewer.
+        if (result == status::kOk && Parameters().OpenHTMLHelp)
+            OpenHelp(true);
         return result;
     }
-    if (command == "OpenProject" || command == "HelpTopics" || command == "AboutForm")
+    if (command == "WizardCancel")
+        return m_wizard.Cancel();
+    if (command == "WizardClick")
+        return m_wizard.Click(arguments.is_object() ? arguments.value("control", "") : "");
+    if (command == "AboutForm")
+        return ShowAbout();
+    if (command == "NewProject" || command == "OpenProject" || command == "HelpTopics")
         return m_menu.Run(command);
     if (command == "HelpIndex")
         return OpenHelpIndex();
@@ -392,6 +414,23 @@ std::uint32_t StudioShell::OpenStartProject(const std::string& projectFile)
     return Server().ReloadScrivProject(projectFile, 0);
 }
 
+std::uint32_t StudioShell::ShowAbout()
+{
+    if (!m_menu.ServerIsInitializedOK())
+        return status::kAbandoned;
+    Server().Data().LoadSettings(true);
+    json about = {
+        { "type", "about" },
+        { "title", std::string("About ") + kProgramTitle },
+        { "program", kProgramTitle },
+        { "version", kProgramVersion },
+        { "description", kProgramDescription },
+        { "help", HelpProjectState() },
+    };
+    m_events.Publish(about);
+    return status::kOk;
+}
+
 // --- for the page ---
 
 json StudioShell::ReadSourceProjects(bool withForms)
@@ -461,7 +500,23 @@ json StudioShell::State()
     state["compiler"] = HelpCompilerProgram();
     // Some commands on the help project act only beside an open Help Editor.
     state["editorOpen"] = Server().FormIsLoaded("frmHelpEditor");
+    state["wizard"] = m_wizard.Open();
     return state;
+}
+
+std::optional<json> StudioShell::WizardAct(const json& request, std::string& problem)
+{
+    if (Running()) {
+        problem = "Please wait until the running command has finished.";
+        return std::nullopt;
+    }
+    std::optional<json> page = m_wizard.Act(request, problem);
+    // A new preview may lie in a folder made just now.
+    m_files.SetRoots(AllowedFolders());
+    // A value may rename the help project that the page shows beside the wizard.
+    if (page && request.is_object() && request.value("action", "") == "set")
+        m_events.Publish({ { "type", "state-changed" } });
+    return page;
 }
 
 std::vector<std::string> StudioShell::AllowedFolders() const
@@ -490,6 +545,10 @@ std::vector<std::string> StudioShell::AllowedFolders() const
     folders.push_back(app.SettingsFolder());
     folders.push_back(app.TemplatesRoot());
     folders.push_back(app.LogFolder());
+    // The wizard's samples lie below the shared temporary folder: only a
+    // folder of this user's, reached through no link, is served.
+    if (std::string samples = CHelpWizardForm::SampleFolder(); IsOwnPlainFolder(samples))
+        folders.push_back(samples);
     return folders;
 }
 

@@ -9,6 +9,7 @@
 #include <nlohmann/json.hpp>
 
 #include "studio/CScrivPopupMenu.h"
+#include "studio/StudioWizard.h"
 
 namespace scriv {
 class CScrivClient;
@@ -91,14 +92,22 @@ public:
     std::uint32_t RegenerateHelpProject(bool ask);
     // Opens a project file as the current help project (the studio's start).
     std::uint32_t OpenStartProject(const std::string& projectFile);
+    // The About box of the studio: the program's name, version and what it
+    // does, and the current help project; shown by the page, nothing waits.
+    std::uint32_t ShowAbout();
 
     // --- for the page ---
     // The open application, the menu, the current help project and whether a
     // command runs.
     nlohmann::json State();
     // The folders the page may read: the source projects' folders, the help
-    // projects' folders and the program's data folders.
+    // projects' folders, the program's data folders and the wizard's samples.
     std::vector<std::string> AllowedFolders() const;
+    // The open wizard of a new help project, as the page shows it.
+    StudioWizard& Wizard() { return m_wizard; }
+    // A change made in the wizard's page (StudioWizard::Act), refused while a
+    // command runs; the folders the page may read follow its new preview.
+    std::optional<nlohmann::json> WizardAct(const nlohmann::json& request, std::string& problem);
 
 private:
     std::uint32_t Dispatch(const std::string& command, const nlohmann::json& arguments);
@@ -114,6 +123,7 @@ private:
     StudioFileAccess& m_files;
     std::unique_ptr<CScrivClient> m_client;
     CScrivPopupMenu m_menu;
+    StudioWizard m_wizard;
     std::string m_sourceFile;
     nlohmann::json m_sourceProjects = nlohmann::json::array();
     bool m_formsRead { false };

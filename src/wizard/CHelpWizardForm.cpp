@@ -1,5 +1,6 @@
 #include "wizard/CHelpWizardForm.h"
 
+#include <algorithm>
 #include <filesystem>
 #include <unistd.h>
 
@@ -7,9 +8,13 @@
 #include "foundation/CCodePages.h"
 #include "foundation/CTraceLog.h"
 #include "foundation/CXMLFile.h"
+#include "foundation/CUTF8File.h"
+#include "foundation/CXmlMessages.h"
 #include "foundation/ErrorMessage.h"
+#include "foundation/ObjectNames.h"
 #include "foundation/Paths.h"
 #include "foundation/StringUtil.h"
+#include "foundation/TextEncoding.h"
 #include "foundation/Version.h"
 #include "generation/CScrivant.h"
 #include "generation/Templates.h"
@@ -17,6 +22,10 @@
 #include "model/CScrivantParameters.h"
 #include "model/IHostAgent.h"
 #include "model/IRunContext.h"
+#include "model/TemplateFolders.h"
+#include "generation/CXmlFormPages.h"
+#include "uidesc/CXmlForm.h"
+#include "wizard/WizardPages.h"
 
 namespace scriv {
 
@@ -63,6 +72,10 @@ CHelpWizardFormPageControl::Kind CHelpWizardFormPageControl::ControlKind() const
     return Kind::Other;
 }
 
+CHelpWizardFormPage::CHelpWizardFormPage() = default;
+
+CHelpWizardFormPage::~CHelpWizardFormPage() = default;
+
 bool CHelpWizardFormPage::Parse(const pugi::xml_node& element)
 {
     Name = Attribute(element, "Name");
@@ -82,6 +95,8 @@ bool CHelpWizardFormPage::Parse(const pugi::xml_node& element)
 
 void CHelpWizardFormPage::Terminate()
 {
+    if (PageControl)
+        PageControl->Terminate();
     for (auto it = Controls.rbegin(); it != Controls.rend(); ++it)
         (*it)->Terminate();
     Controls.clear();
@@ -115,6 +130,9 @@ bool CHelpWizardForm::init(CAddInSettingsXmlFile& settings)
         m_saved = Parameters().Clone();
         // The pages show and change the options: start them from the parameters.
         settings.CopyToOptions();
+        m_savedOptions.clear();
+        for (const CXMLOption& option : settings.Options())
+            m_savedOptions.emplace_back(option.Name, option.Value);
         IRunContext* context = CurrentRunContext();
         if (context)
             context->UnloadTreeOfActiveProject();
@@ -143,8 +161,10 @@ bool CHelpWizardForm::init(CAddInSettingsXmlFile& settings)
                 if (EqualsNoCase(Attribute(page, "Name"), name))
                     element = page;
             auto page = std::make_unique<CHelpWizardFormPage>();
-            if (element && page->Parse(element))
+            if (element && page->Parse(element)) {
+                page->PageControl = MakeWizardPageControl(page->Name);
                 m_pages.push_back(std::move(page));
+            }
         }
         m_codePages->Load(settingsFolder + "CodePages.xml");
         loaded = !m_pages.empty();
@@ -190,6 +210,8 @@ void CHelpWizardForm::ShowWizardPage(int step)
 void CHelpWizardForm::FillPage(CHelpWizardFormPage& page)
 {
     for (auto& control : page.Controls) {
+        control->Enabled = true;
+        control->Visible = true;
         auto kind = control->ControlKind();
         if (kind == CHelpWizardFormPageControl::Kind::Label || kind == CHelpWizardFormPageControl::Kind::CommandButton) {
             control->Value = control->Text;
@@ -205,6 +227,9 @@ void CHelpWizardForm::FillPage(CHelpWizardFormPage& page)
         else
             control->Value = Parameters().ReplaceTags(value.AsText());
     }
+    // The page fills what is its own and makes its preview.
+    if (page.PageControl)
+        page.PageControl->init(*this, page);
 }
 
 void CHelpWizardForm::SavePage(CHelpWizardFormPage& page)
@@ -237,7 +262,7 @@ bool CHelpWizardForm::SetControlValue(const std::string& controlName, const std:
 {
     CHelpWizardFormPage* page = CurrentPage();
     CHelpWizardFormPageControl* control = page ? page->Control(controlName) : nullptr;
-    if (!control)
+    if (!control || !control->Enabled)
         return false;
     if (control->ControlKind() == CHelpWizardFormPageControl::Kind::CheckBox)
         control->Value = IsTrueText(value) ? "1" : "0";
@@ -249,6 +274,55 @@ bool CHelpWizardForm::SetControlValue(const std::string& controlName, const std:
             if (other.get() != control && EqualsNoCase(other->OptionName, control->OptionName))
                 other->Value = "0";
     }
+    if (page->PageControl)
+        page->PageControl->Changed(*control);
+    return true;
+}
+
+bool CHelpWizardForm::ClickControl(const std::string& controlName)
+{
+    CHelpWizardFormPage* page = CurrentPage();
+    CHelpWizardFormPageControl* control = page ? page->Control(controlName) : nullptr;
+    if (!control || !control->Enabled)
+        return false;
+    if (page->PageControl)
+        page->PageControl->Clicked(*control);
+    return true;
+}
+
+void CHelpWizardForm::WriteControl(const CHelpWizardFormPageControl& control)
+{
+    if (!m_settings || control.OptionName.empty())
+        return;
+    switch (control.ControlKind()) {
+    case CHelpWizardFormPageControl::Kind::CheckBox:
+        m_settings->SetOptionValue(control.OptionName, OptionValue::Bool(control.Value == "1"));
+        break;
+    case CHelpWizardFormPageControl::Kind::OptionButton:
+        if (control.Value != "1")
+            return;
+        m_settings->SetOptionText(control.OptionName, control.OptionValueTranslator);
+        break;
+    case CHelpWizardFormPageControl::Kind::Label:
+    case CHelpWizardFormPageControl::Kind::CommandButton:
+        return;
+    default:
+        m_settings->SetOptionText(control.OptionName, control.Value);
+    }
+    CAddInSettings(Parameters()).Load(*m_settings, true);
+}
+
+WizardPreview CHelpWizardForm::CurrentPreview() const
+{
+    CHelpWizardFormPage* page = CurrentPage();
+    return page && page->PageControl ? page->PageControl->Preview() : WizardPreview {};
+}
+
+bool CHelpWizardForm::Reload()
+{
+    if (!m_onReload)
+        return false;
+    m_onReload();
     return true;
 }
 
@@ -271,6 +345,10 @@ void CHelpWizardForm::Cancel()
         m_ok = false;
         if (m_saved)
             Parameters() = *m_saved;
+        // The options the pages changed go back too.
+        if (m_settings)
+            for (const auto& [name, value] : m_savedOptions)
+                m_settings->SetOptionText(name, value);
         Unload();
     });
     if (m_onClosing)
@@ -313,6 +391,32 @@ std::string CHelpWizardForm::SampleFolder()
 
 // --- sample pages ---
 
+void CHelpWizardForm::Remember(const std::string& sampleFile)
+{
+    if (std::find(m_sampleFiles.begin(), m_sampleFiles.end(), sampleFile) == m_sampleFiles.end())
+        m_sampleFiles.push_back(sampleFile);
+}
+
+std::string CHelpWizardForm::SampleStyleSheet()
+{
+    // As the generation does: the chosen file, else the templates' one of its name.
+    std::string css = Parameters().CSSFullPath();
+    if (css.empty())
+        return {};
+    std::string source = css;
+    if (!FileExists(source))
+        source = CommonFolder() + FileNameOf(css);
+    if (!FileExists(source))
+        source = CommonFolder() + "Office10.css";
+    MakeFolders(SampleFolder());
+    // A copy beside the samples: they are shown from the folder they lie in.
+    std::string target = SampleFolder() + FileNameOf(css);
+    if (!FileExists(source) || !CopyFileOver(source, target))
+        return {};
+    Remember(target);
+    return FileNameOf(css);
+}
+
 std::string CHelpWizardForm::SamplePage(const std::string& templateName, const std::string& name)
 {
     const CScrivantParameters& parameters = Parameters();
@@ -320,14 +424,73 @@ std::string CHelpWizardForm::SamplePage(const std::string& templateName, const s
     MakeFolders(folder);
     std::string target = folder + "~" + name + ".html";
     std::string source = templateName == "Title.htm" ? CommonFolder() + templateName : LocalizedFolder() + templateName;
-    std::string css = parameters.CSSFullPath();
-    if (!css.empty() && !FileExists(css))
-        css = CommonFolder() + FileNameOf(css);
+    std::string css = SampleStyleSheet();
     ReplaceTagsAndCopy(source, target,
-        { "{{StyleSheetLinkHtml}}|" + StyleSheetLinkHtml(css.empty() ? std::string() : "file://" + css),
-            "{{charset}}|" + parameters.Charset, "[name]|" + parameters.HelpProjectName(),
-            "[title]|" + parameters.HelpProjectTitle() });
-    m_sampleFiles.push_back(target);
+        { "{{StyleSheetLinkHtml}}|" + StyleSheetLinkHtml(css), "{{charset}}|" + parameters.Charset,
+            "[name]|" + parameters.HelpProjectName(), "[title]|" + parameters.HelpProjectTitle() });
+    Remember(target);
+    return target;
+}
+
+std::string CHelpWizardForm::SampleObjectPage(const std::string& sampleName, bool isReport, bool rebuild)
+{
+    const CScrivantParameters& parameters = Parameters();
+    std::string folder = SampleFolder();
+    std::string target = folder + "~" + sampleName + ".html";
+    if (!rebuild && FileExists(target))
+        return target;
+    std::string settings = Folders().SettingsFolder();
+    CXmlForm form;
+    if (!form.Load(settings + sampleName + ".xml")) {
+        Trace("CHelpWizardForm.SampleHtmlFullPath: " + form.XmlParseError().Describe());
+        return {};
+    }
+    // The sample folder stands for the project's: the picture lies in its images folder.
+    std::string images = folder + parameters.NameOfFolderForGeneratedImagesWithSlash();
+    MakeFolders(images);
+    std::string picture = images + sampleName + ".jpg";
+    if (CopyFileOver(settings + sampleName + ".jpg", picture))
+        Remember(picture);
+    std::string css = SampleStyleSheet();
+    form.SetStylesheetFullPath(css.empty() ? std::string() : folder + css);
+    form.Language = parameters.Language;
+    form.Charset = parameters.Charset;
+    form.SetPicFullPath(picture);
+    form.SetHtmlFullPath(target);
+    if (SaveHTMLEx(form, target, isReport).empty())
+        return {};
+    Remember(target);
+    return target;
+}
+
+std::string CHelpWizardForm::SampleHtmlFullPathForForm(bool rebuild)
+{
+    return SampleObjectPage("SampleForm", false, rebuild);
+}
+
+std::string CHelpWizardForm::SampleHtmlFullPathForReport(bool rebuild)
+{
+    return SampleObjectPage("SampleReport", true, rebuild);
+}
+
+std::string CHelpWizardForm::WizSampleTopicPageHtmlFullPath(const std::string& nodeName, const std::string& caption)
+{
+    const CScrivantParameters& parameters = Parameters();
+    std::string folder = SampleFolder();
+    MakeFolders(folder);
+    std::string target = folder + "~" + GetComponentFileName(nodeName) + ".html";
+    std::string css = SampleStyleSheet();
+    const std::string eol(kCrLf);
+    std::string text = "<!DOCTYPE HTML PUBLIC \"-//W3C//DTD HTML 4.01 Transitional//EN\">" + eol + "<html>" + eol
+        + "<head>" + eol + "<meta http-equiv=\"Content-Type\" content=\"text/html; charset=" + parameters.Charset
+        + "\">" + eol + StyleSheetLinkHtml(css) + eol + "<title>[Topic title]</title>" + eol + "</head>" + eol
+        + "<body>" + eol + "<h1>" + XmlEncodeChars(caption.empty() ? nodeName : caption) + "</h1>" + eol
+        + "<p>{{GeneratedTextWillBeWrittenHere}}</p>" + eol + "</body>" + eol + "</html>" + eol;
+    if (CXmlMessages* messages = CurrentMessages())
+        text = messages->ReplaceParameters(text);
+    if (!WriteUtf8File(target, text))
+        return {};
+    Remember(target);
     return target;
 }
 
@@ -357,6 +520,11 @@ std::string CHelpWizardForm::ShowHelpOptionsPics() const
     else if (code == "011")
         code = "010";
     return Folders().SettingsFolder() + "index" + code + ".bmp";
+}
+
+std::string CHelpWizardForm::ShowGeneratedHelpPicture() const
+{
+    return Folders().SettingsFolder() + "GeneratedHelp.bmp";
 }
 
 }  // namespace scriv

@@ -15,6 +15,23 @@ namespace scriv {
 class CAddInSettingsXmlFile;
 class CCodePages;
 class CScrivantParameters;
+class CWizardPageControl;
+class IWizardContentsMenu;
+class CHelpPrjTree;
+class ITreeView;
+
+// What stands beside a wizard page: a sample page, a picture, or nothing.
+struct WizardPreview {
+    enum class Kind { None, Page, Picture };
+    Kind kind { Kind::None };
+    std::string path;
+
+    bool operator==(const WizardPreview&) const = default;
+};
+
+// Makes the tree operations of the contents page over a shown tree; they
+// live in a layer above the wizard, which supplies this.
+using WizardContentsMenuFactory = std::function<std::unique_ptr<IWizardContentsMenu>(ITreeView&, CHelpPrjTree&)>;
 
 // One control of a wizard page, as the wizard definition describes it, with the
 // value it holds while the page is shown.
@@ -40,11 +57,28 @@ public:
     Kind ControlKind() const;
     // A check box holds "1" or "0"; an option button "1" when chosen; others their text.
     std::string Value;
+    // The caption shown with the control: OptCaption, else Text.
+    const std::string& Caption() const { return OptCaption.empty() ? Text : OptCaption; }
+
+    // What the page shows of the control now.
+    bool Enabled { true };
+    bool Visible { true };
+    // The entries of a list (value and the text shown), filled by its page.
+    struct ListItem {
+        std::string value;
+        std::string text;
+    };
+    std::vector<ListItem> Items;
 };
 
 // One page of the wizard.
 class CHelpWizardFormPage {
 public:
+    CHelpWizardFormPage();
+    ~CHelpWizardFormPage();
+    CHelpWizardFormPage(const CHelpWizardFormPage&) = delete;
+    CHelpWizardFormPage& operator=(const CHelpWizardFormPage&) = delete;
+
     bool Parse(const pugi::xml_node& element);
     void Terminate();
 
@@ -53,6 +87,8 @@ public:
     std::string Description;
     int HelpContextId { 0 };
     std::vector<std::unique_ptr<CHelpWizardFormPageControl>> Controls;
+    // The page's own rules (ctlHelpProject ...), made from its name.
+    std::unique_ptr<CWizardPageControl> PageControl;
 
     CHelpWizardFormPageControl* Control(const std::string& controlName);
 };
@@ -72,6 +108,14 @@ public:
     // What runs when the wizard has closed with Finish or Cancel (the server
     // takes over there). The call may end the wizard itself.
     void SetOnClosing(std::function<void()> onClosing) { m_onClosing = std::move(onClosing); }
+    // What reopens the wizard for a changed source (the server queues it).
+    void SetOnReload(std::function<void()> onReload) { m_onReload = std::move(onReload); }
+    // Asks for the wizard to be reopened; false when nobody can.
+    bool Reload();
+    // The tree operations of the contents page; without them its tree can
+    // be looked at but not changed.
+    void SetContentsMenuFactory(WizardContentsMenuFactory factory) { m_contentsMenuFactory = std::move(factory); }
+    const WizardContentsMenuFactory& ContentsMenuFactory() const { return m_contentsMenuFactory; }
     // Shows the first page; the wizard counts as a loaded form until it ends.
     void Show();
     void Terminate();
@@ -94,16 +138,36 @@ public:
     int StepNumber() const { return m_current + 1; }
     bool BackEnabled() const { return m_current > 0; }
     bool ForwardEnabled() const { return m_current + 1 < static_cast<int>(m_pages.size()); }
-    // Sets a control of the current page as the person would.
+    int PageCount() const { return static_cast<int>(m_pages.size()); }
+    // Sets a control of the current page as the person would: its page's rule
+    // follows. False for a control the page has not, or one that is disabled.
     bool SetControlValue(const std::string& controlName, const std::string& value);
+    // Presses a button of the current page. False for a control it has not.
+    bool ClickControl(const std::string& controlName);
+    // Writes a control's value into its option and the parameters.
+    void WriteControl(const CHelpWizardFormPageControl& control);
+    // The preview beside the current page.
+    WizardPreview CurrentPreview() const;
     CCodePages& CodePages() { return *m_codePages; }
+    CAddInSettingsXmlFile* Settings() const { return m_settings; }
 
     // Sample pages of how the choices will look, made from the templates.
     std::string WizSampleApplicationPageHtmlFullPath();
     std::string WizSampleAuthorPageHtmlFullPath();
     std::string WizSampleHelpProjectPageHtmlFullPath();
+    // The topic of the sample form (or report) with the current choices;
+    // made again with rebuild, else only when it is not there. "" when the
+    // sample cannot be read.
+    std::string SampleHtmlFullPathForForm(bool rebuild);
+    std::string SampleHtmlFullPathForReport(bool rebuild);
+    // A stand-in page for a topic that has no page yet.
+    std::string WizSampleTopicPageHtmlFullPath(const std::string& nodeName, const std::string& caption);
     // The picture that explains the index options of the current choices.
     std::string ShowHelpOptionsPics() const;
+    // The picture of the closing page.
+    std::string ShowGeneratedHelpPicture() const;
+    // The folder of this program's sample pages (below the temporary folder).
+    static std::string SampleFolder();
 
     // ^IHostForm
     std::string FormName() const override { return "frmHelpWizard"; }
@@ -117,11 +181,18 @@ public:
 private:
     void SavePage(CHelpWizardFormPage& page);
     void FillPage(CHelpWizardFormPage& page);
-    static std::string SampleFolder();
     std::string SamplePage(const std::string& templateName, const std::string& name);
+    std::string SampleObjectPage(const std::string& sampleName, bool isReport, bool rebuild);
+    // The style sheet of the sample pages, copied beside them; its file name, or "".
+    std::string SampleStyleSheet();
+    void Remember(const std::string& sampleFile);
 
     CAddInSettingsXmlFile* m_settings { nullptr };
     std::function<void()> m_onClosing;
+    std::function<void()> m_onReload;
+    WizardContentsMenuFactory m_contentsMenuFactory;
+    // The options as they were at init, for Cancel.
+    std::vector<std::pair<std::string, std::string>> m_savedOptions;
     std::unique_ptr<CScrivantParameters> m_saved;
     std::vector<std::unique_ptr<CHelpWizardFormPage>> m_pages;
     std::unique_ptr<CCodePages> m_codePages;

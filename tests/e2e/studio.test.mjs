@@ -98,6 +98,13 @@ async function chooseMenu(page, menu, entry) {
     await page.getByRole("menuitem", { name: entry, exact: true }).click();
 }
 
+// New Help Project opens the wizard; its Finish starts the generation.
+async function newHelpProject(page) {
+    await chooseMenu(page, "Scrivant", "New Help Project...");
+    await page.locator(".wizard[data-page]:not([data-busy])").waitFor();
+    await page.locator(".wizard .wizard-finish").click();
+}
+
 function messageBox(page, title) {
     return page.locator("dialog.message-box[open]").filter({
         has: page.locator(".dialog-title", { hasText: title }),
@@ -174,7 +181,7 @@ describe("a new help project made in the studio", () => {
 
     test("New Help Project generates with progress and ends with the statistics", async () => {
         await recordProgressTexts(page);
-        await chooseMenu(page, "Scrivant", "New Help Project...");
+        await newHelpProject(page);
         await page.locator("#progress-window").waitFor({ state: "visible" });
         const statistics = messageBox(page, "Help Generation Completed");
         await statistics.waitFor();
@@ -234,7 +241,7 @@ describe("a registered help project opened again", () => {
         application = await freshApplication("reopened");
         const first = await startStudio(application.source, application.data);
         const making = await openStudioPage(first);
-        await chooseMenu(making, "Scrivant", "New Help Project...");
+        await newHelpProject(making);
         const statistics = messageBox(making, "Help Generation Completed");
         await statistics.waitFor();
         await statistics.getByRole("button", { name: "OK" }).click();
@@ -310,7 +317,7 @@ describe("a generation cancelled in the progress window", () => {
                 });
                 observer.observe(document.body, { subtree: true, childList: true, characterData: true, attributes: true });
             });
-            await chooseMenu(page, "Scrivant", "New Help Project...");
+            await newHelpProject(page);
             const box = page.locator("dialog.message-box[open]");
             await box.waitFor();
             assert.equal(await box.locator(".message-text").innerText(), "Help generation was cancelled by end-user.");

@@ -5,6 +5,7 @@
 
 #include "foundation/IUserInterface.h"
 #include "foundation/Paths.h"
+#include "foundation/Version.h"
 #include "foundation/ScriptedUserInterface.h"
 #include "generation/HtmlHelpCompiler.h"
 #include "model/CAddInProjects.h"
@@ -85,10 +86,13 @@ protected:
     std::string Help(const std::string& name) const { return m_app.Path() + "CHM/" + name; }
     CScrivServerData& ShellData() { return m_shell->Server().Data(); }
 
-    // Generates the help of the Orders project, answering every box by default.
+    // Generates the help of the Orders project: New Help Project opens the
+    // wizard, Finish generates; every box is answered by default.
     void Generate()
     {
         ASSERT_EQ(m_shell->Run("NewProject"), 0u) << ::testing::PrintToString(BoxTexts());
+        ASSERT_TRUE(m_shell->Wizard().Open());
+        ASSERT_EQ(m_shell->Run("WizardFinish"), 0u) << ::testing::PrintToString(BoxTexts());
         ASSERT_TRUE(FileExists(Help("Orders.svp")));
     }
 
@@ -126,12 +130,16 @@ TEST_F(StudioShellTest, NewHelpProjectGeneratesRegistersAndShowsTheStatistics)
     EXPECT_TRUE(ShellData().Projects().IsSavedProject("Orders"));
 
     std::vector<json> runs = PageEvents("run");
-    ASSERT_EQ(runs.size(), 2u);
+    ASSERT_EQ(runs.size(), 4u);
     EXPECT_EQ(runs[0]["state"], "started");
     EXPECT_EQ(runs[1]["state"], "ended");
     EXPECT_EQ(runs[1]["command"], "NewProject");
     EXPECT_EQ(runs[1]["status"], 0);
+    EXPECT_EQ(runs[3]["command"], "WizardFinish");
+    EXPECT_EQ(runs[3]["status"], 0);
     EXPECT_FALSE(m_shell->Running());
+    EXPECT_FALSE(m_shell->Wizard().Open());
+    EXPECT_FALSE(m_shell->State()["wizard"].get<bool>());
 
     json help = m_shell->State()["help"];
     EXPECT_EQ(help["name"], "Orders");
@@ -143,20 +151,27 @@ TEST_F(StudioShellTest, NewHelpProjectGeneratesRegistersAndShowsTheStatistics)
     EXPECT_TRUE(m_files.Resolve(Help("Welcome.htm")));
 }
 
-TEST_F(StudioShellTest, ARefusedTargetFolderLeavesNoWizardOpen)
+TEST_F(StudioShellTest, ARefusedTargetFolderShowsItsMessageAndTheWizardAgain)
 {
     StartShell(OrdersHost());
     Generate();
-    m_shell->Run("NewProject");
+    ASSERT_EQ(m_shell->Run("NewProject"), 0u);
+    EXPECT_TRUE(m_shell->State()["wizard"].get<bool>());
+    EXPECT_EQ(m_shell->Run("WizardFinish"), status::kAbandoned);
     EXPECT_EQ(m_ui->MessageBoxes().back().text, "Target folder '" + Help("") + "'\r\n"
                                                 "already has Scrivant project 'Orders.svp'\r\n"
                                                 "Please select another target folder.");
-    EXPECT_EQ(m_shell->Server().Actions().Wizard(), nullptr);
+    // The answer can be changed: the wizard is there again.
+    ASSERT_TRUE(m_shell->Wizard().Open());
+    EXPECT_TRUE(m_shell->Server().FormIsLoaded("frmHelpWizard"));
+    m_shell->Run("OpenProject");
+    EXPECT_EQ(m_ui->MessageBoxes().back().text, "Please close Scrivant's Wizard form before opening help project.");
+    // Cancel closes it, and Open Help Project goes on.
+    EXPECT_EQ(m_shell->Run("WizardCancel"), 0u);
+    EXPECT_FALSE(m_shell->Wizard().Open());
     EXPECT_FALSE(m_shell->Server().FormIsLoaded("frmHelpWizard"));
-    // So Open Help Project is not stopped by a wizard nobody can see.
     m_ui->QueueChoice(0);
     EXPECT_EQ(m_shell->Run("OpenProject"), 0u);
-    EXPECT_NE(m_ui->MessageBoxes().back().text, "Please close Scrivant's Wizard form before opening help project.");
 }
 
 TEST_F(StudioShellTest, TheMenuEntriesAreThoseOfTheScrivantMenu)
@@ -202,6 +217,7 @@ TEST_F(StudioShellTest, WithoutACompilerThePersonChoosesToGetItToStopOrToGoOn)
 
     m_ui->QueueAnswer(vbNo);
     EXPECT_EQ(m_shell->Run("NewProject"), 0u);
+    EXPECT_EQ(m_shell->Run("WizardFinish"), 0u);
     EXPECT_TRUE(FileExists(Help("Welcome.htm")));
     EXPECT_FALSE(FileExists(Help("Orders.chm")));
     EXPECT_TRUE(ShellData().Projects().IsSavedProject("Orders"));
@@ -245,8 +261,8 @@ TEST_F(StudioShellTest, ASecondCommandDuringARunIsRefusedWithAMessage)
     EXPECT_EQ(texts[0], "Please wait until the running command has finished.");
     EXPECT_EQ(m_ui->MessageBoxes()[0].flags, msgbox::kExclamation);
     EXPECT_EQ(m_ui->MessageBoxes().back().title, "Help Generation Completed");
-    // One run only: its start and its end.
-    EXPECT_EQ(PageEvents("run").size(), 2u);
+    // No run besides the two of the person's: their starts and their ends.
+    EXPECT_EQ(PageEvents("run").size(), 4u);
 }
 
 TEST_F(StudioShellTest, CancelDuringGenerationStopsTheRunAndRegistersNothing)
@@ -266,9 +282,11 @@ TEST_F(StudioShellTest, CancelDuringGenerationStopsTheRunAndRegistersNothing)
             break;
         }
     };
-    // The wizard was opened and closed as it should: the run's status says so.
-    m_shell->Run("NewProject");
+    ASSERT_EQ(m_shell->Run("NewProject"), 0u);
+    EXPECT_FALSE(cancelled);
+    EXPECT_EQ(m_shell->Run("WizardFinish"), status::kAbandoned);
     ASSERT_TRUE(cancelled);
+    EXPECT_FALSE(m_shell->Wizard().Open());
     ASSERT_FALSE(m_ui->MessageBoxes().empty());
     EXPECT_EQ(m_ui->MessageBoxes().back().text, "Help generation was cancelled by end-user.");
     EXPECT_EQ(m_ui->MessageBoxes().back().flags, msgbox::kCritical);
@@ -388,14 +406,23 @@ TEST_F(StudioShellTest, RecompileAndRegenerateWorkOnTheCurrentProject)
     EXPECT_EQ(m_ui->MessageBoxes().back().text, "There are no new objects in the source project");
 }
 
-TEST_F(StudioShellTest, HelpContentsAndAboutAnswerThroughBoxes)
+TEST_F(StudioShellTest, HelpContentsAnswersThroughABoxAndAboutThroughTheStudiosOwnBox)
 {
     StartShell(OrdersHost());
     EXPECT_EQ(m_shell->Run("HelpTopics"), status::kAbandoned);
     EXPECT_EQ(m_shell->Run("AboutForm"), 0u);
-    ASSERT_EQ(m_ui->MessageBoxes().size(), 2u);
+    ASSERT_EQ(m_ui->MessageBoxes().size(), 1u);
     EXPECT_EQ(m_ui->MessageBoxes()[0].text, "Help doesn't exist '" + Folders().InstallFolder() + "Scrivant.chm'.");
-    EXPECT_EQ(m_ui->MessageBoxes()[1].title, "About Scrivant");
+    std::vector<json> about = PageEvents("about");
+    ASSERT_EQ(about.size(), 1u);
+    EXPECT_EQ(about[0]["title"], "About Scrivant");
+    EXPECT_EQ(about[0]["program"], "Scrivant");
+    EXPECT_EQ(about[0]["version"], kProgramVersion);
+    EXPECT_EQ(about[0]["description"], kProgramDescription);
+    EXPECT_TRUE(about[0]["help"].is_null());
+    Generate();
+    m_shell->Run("AboutForm");
+    EXPECT_EQ(PageEvents("about").back()["help"]["name"], "Orders");
 }
 
 TEST_F(StudioShellTest, TheStateNamesTheApplicationAndItsForms)

@@ -2,6 +2,7 @@
 // the main area with the help viewer, and the dialogs and progress of the
 // program.
 
+import { installAboutBox } from "./about.js";
 import { studioApi } from "./api.js";
 import { installDialogs } from "./dialogs.js";
 import { connectEvents, onStudioEvent } from "./events.js";
@@ -10,6 +11,7 @@ import "./main-area.js";
 import { MenuBar } from "./menubar.js";
 import { installProgressWindow } from "./progress.js";
 import "./source-panel.js";
+import { registerWizard, syncWizard } from "./wizard.js";
 
 const statusText = document.getElementById("status-text");
 const connection = document.getElementById("connection");
@@ -35,7 +37,11 @@ const helpProjectMenu = {
 
 const fileMenu = { id: "file", caption: "&File", entries: [{ command: "Exit", caption: "E&xit" }] };
 
-const runningCaptions = new Map();
+const runningCaptions = new Map([
+    ["WizardFinish", "Finishing the wizard"],
+    ["WizardCancel", "Closing the wizard"],
+    ["WizardClick", "Wizard"],
+]);
 
 function captionText(caption) {
     return caption.replace("&", "");
@@ -79,6 +85,7 @@ function applyState(next) {
         (!entry.needsHelp || state.help !== null) && (!entry.needsEditor || state.editorOpen === true));
     menuBar.setBusy(state.running !== null);
     sourcePanel.show(state);
+    syncWizard(mainArea, state.wizard === true, state.running !== null);
     if (state.running)
         setStatus(`${runningCaptions.get(state.running) || state.running}...`);
     else if (statusText.textContent === "Starting...")
@@ -98,8 +105,10 @@ function contentBases() {
 }
 
 registerHelpViewer(mainArea, contentBases);
+registerWizard(mainArea, contentBases);
 installDialogs();
 installProgressWindow();
+installAboutBox();
 
 onStudioEvent("connection", ({ connected }) => {
     connection.textContent = connected ? "" : "Not connected to Scrivant";
