@@ -83,6 +83,10 @@ public:
     // True once the person has asked to stop the current run (Cancel, Ctrl-C).
     virtual bool CancelRequested() = 0;
     virtual void ClearCancelRequest() = 0;
+
+    // Shows a file or folder the run made (a compiled help, a help project) the
+    // way this interface can; the desktop's own program opens it otherwise.
+    virtual bool OpenDocument(const std::string& path);
 };
 
 // The interface of this process. Until one is set, a console interface that

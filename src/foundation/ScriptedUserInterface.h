@@ -71,6 +71,13 @@ public:
     void ProgressDispose() override;
     bool CancelRequested() override { return m_cancelRequested; }
     void ClearCancelRequest() override { m_cancelRequested = false; }
+    // Recorded, never shown: a scripted run starts no desktop program.
+    bool OpenDocument(const std::string& path) override
+    {
+        m_openedDocuments.push_back(path);
+        return true;
+    }
+    const std::vector<std::string>& OpenedDocuments() const { return m_openedDocuments; }
 
 private:
     std::deque<int> m_answers;
@@ -85,6 +92,7 @@ private:
     std::vector<FileChoiceRequest> m_fileRequests;
     std::vector<FolderRequest> m_folderRequests;
     std::vector<ProgressCall> m_progress;
+    std::vector<std::string> m_openedDocuments;
     int m_updates { 0 };
     int m_cancelAtUpdate { 0 };
     bool m_cancelRequested { false };

@@ -1,5 +1,6 @@
 #include "foundation/ConsoleUserInterface.h"
 #include "foundation/IUserInterface.h"
+#include "foundation/System.h"
 
 namespace scriv {
 
@@ -60,6 +61,11 @@ const char* ButtonName(int button)
     default:
         return "";
     }
+}
+
+bool IUserInterface::OpenDocument(const std::string& path)
+{
+    return ShellOpen(path);
 }
 
 IUserInterface& UserInterface()

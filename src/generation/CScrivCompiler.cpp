@@ -218,7 +218,7 @@ std::uint32_t CScrivCompiler::RecompileHelpProject1(bool quiet, bool webOnly)
             std::string question = "Recompiling of the HTML help project" + kEol + kEol + "'" + project->Name
                 + "' succeeded." + kEol + kEol + "Would you like to open recompiled HTML help file?";
             if (MsgBox(question, msgbox::kYesNo, kMessageBoxTitle, "", 0, "CScrivCompiler.RecompileHelpProject") == vbYes)
-                ShellOpen(project->CHMFullPath());
+                UserInterface().OpenDocument(project->CHMFullPath());
         }
         return 0;
     }

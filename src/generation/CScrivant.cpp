@@ -144,7 +144,7 @@ std::uint32_t CScrivant::GenerateHelpProject(bool process, bool backup, bool sav
             Agent().SaveMakeRun(save, false, false);
             if (openHelp && FileExists(helpFile)) {
                 Data().ProgressBarUpdate("Opening generated and compiled HTML help...", 3);
-                ShellOpen(helpFile);
+                UserInterface().OpenDocument(helpFile);
             }
         } else if (ErrorCounter() > 0 && parameters.OpenHTMLEditor) {
             std::string question = "Errors have been detected during help generation. "

@@ -425,7 +425,7 @@ std::uint32_t CScrivActions::OpenProjectFile(const std::string& label, const std
         return Refuse(emptyText, status::kAbandoned, "CScrivActions.Open");
     if (!FileExists(path) && !FolderExists(path))
         return Refuse(label + " doesn't exist '" + path + "'.", status::kAbandoned, "CScrivActions.Open");
-    return ShellOpen(path) ? status::kOk : status::kAbandoned;
+    return UserInterface().OpenDocument(path) ? status::kOk : status::kAbandoned;
 }
 
 std::uint32_t CScrivActions::OpenHelpProject()
@@ -465,7 +465,7 @@ std::uint32_t CScrivActions::OpenHelpTopics()
         std::string manual = Folders().InstallFolder() + kProgramBaseName + ".chm";
         if (!FileExists(manual))
             return Refuse("Help doesn't exist '" + manual + "'.", status::kAbandoned, "CScrivActions.OpenHelpTopics");
-        return ShellOpen(manual) ? status::kOk : status::kAbandoned;
+        return UserInterface().OpenDocument(manual) ? status::kOk : status::kAbandoned;
     });
 }
 

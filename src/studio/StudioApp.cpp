@@ -103,6 +103,7 @@ int RunStudio(const StudioOptions& options, std::ostream& out, std::ostream& err
     bool helpProject = EndsWithNoCase(source, ".svp");
     StudioShell shell(events, files);
     StudioServer server(loop, shell, studioUi, events, files);
+    studioUi.SetDocumentViewer([&shell](const std::string& path) { return shell.ShowDocument(path); });
     int code = 0;
     try {
         std::string hostFile = helpProject ? StudioShell::RegisteredSourceOf(source) : source;

@@ -196,13 +196,8 @@ std::uint32_t StudioShell::Run(const std::string& command, const json& arguments
 std::uint32_t StudioShell::Dispatch(const std::string& command, const json& arguments)
 {
     CScrivServer& server = Server();
-    if (command == "WizardFinish") {
-        std::uint32_t result = m_wizard.Finish();
-        // The compiled help the person asked to see opens in the studio's viewer.
-        if (result == status::kOk && Parameters().OpenHTMLHelp)
-            OpenHelp(true);
-        return result;
-    }
+    if (command == "WizardFinish")
+        return m_wizard.Finish();
     if (command == "WizardCancel")
         return m_wizard.Cancel();
     if (command == "WizardClick")
@@ -271,6 +266,14 @@ int StudioShell::TestThatHtmlWorkshopInstalled()
         return vbYes;
     }
     return answer == vbNo ? 1 : answer;
+}
+
+bool StudioShell::ShowDocument(const std::string& path)
+{
+    if (!EndsWithNoCase(path, ".chm") || !FileExists(path))
+        return false;
+    ShowHelp("chm", path);
+    return true;
 }
 
 void StudioShell::ShowHelp(const std::string& kind, const std::string& path)

@@ -108,6 +108,8 @@ public:
     // A change made in the wizard's page (StudioWizard::Act), refused while a
     // command runs; the folders the page may read follow its new preview.
     std::optional<nlohmann::json> WizardAct(const nlohmann::json& request, std::string& problem);
+    // A compiled help opens in the studio's viewer; false for what it cannot show.
+    bool ShowDocument(const std::string& path);
 
 private:
     std::uint32_t Dispatch(const std::string& command, const nlohmann::json& arguments);

@@ -230,4 +230,11 @@ void StudioUserInterface::ProgressDispose()
     m_events.Publish({ { "type", "progress" }, { "state", "closed" } });
 }
 
+bool StudioUserInterface::OpenDocument(const std::string& path)
+{
+    if (m_viewer && m_viewer(path))
+        return true;
+    return IUserInterface::OpenDocument(path);
+}
+
 }  // namespace scriv::studio

@@ -2,6 +2,7 @@
 
 #include <chrono>
 #include <cstdint>
+#include <functional>
 #include <map>
 #include <optional>
 #include <string>
@@ -42,6 +43,11 @@ public:
     void ProgressDispose() override;
     bool CancelRequested() override { return m_cancelRequested; }
     void ClearCancelRequest() override { m_cancelRequested = false; }
+    bool OpenDocument(const std::string& path) override;
+
+    // What the studio can show itself (a compiled help in its viewer); a
+    // viewer answering false leaves the path to the desktop.
+    void SetDocumentViewer(std::function<bool(const std::string&)> viewer) { m_viewer = std::move(viewer); }
 
     // --- from the page (called on the logic thread) ---
     // Gives a waiting question its answer: {"button": n} for a box (one of its
@@ -85,6 +91,7 @@ private:
     int m_progressMaximum { 0 };
     bool m_progressShown { false };
     bool m_cancelRequested { false };
+    std::function<bool(const std::string&)> m_viewer;
     bool m_shuttingDown { false };
 };
 

@@ -130,6 +130,19 @@ TEST(StudioUserInterfaceDefaults, WithNoPageAQuestionTakesItsDefaultAfterTheGrac
     EXPECT_EQ(ending.MessageBox({ "Save?", msgbox::kYesNo, "", "" }), vbYes);
 }
 
+TEST(StudioUserInterfaceDefaults, DocumentsTheViewerTakesAreNotHandedOn)
+{
+    StudioEvents events;
+    StudioUserInterface ui(LogicLoop(), events, 0ms);
+    std::vector<std::string> viewed;
+    ui.SetDocumentViewer([&viewed](const std::string& path) {
+        viewed.push_back(path);
+        return true;
+    });
+    EXPECT_TRUE(ui.OpenDocument("/help/Orders.chm"));
+    EXPECT_EQ(viewed, std::vector<std::string> { "/help/Orders.chm" });
+}
+
 TEST_F(StudioUserInterfaceTest, AnswersMustFitTheirQuestion)
 {
     auto page = m_events.Subscribe();

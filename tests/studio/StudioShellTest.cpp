@@ -313,6 +313,25 @@ TEST_F(StudioShellTest, OpenHelpNeedsAGeneratedProject)
     EXPECT_TRUE(PageEvents("show-help").empty());
 }
 
+TEST_F(StudioShellTest, ACompiledHelpARunOpensShowsInTheViewerAndNothingElseDoes)
+{
+    StartShell(OrdersHost());
+    Generate();
+    if (!FileExists(Help("Orders.chm")))
+        GTEST_SKIP() << "no help compiler (chmcmd) is installed";
+    std::size_t before = PageEvents("show-help").size();
+    EXPECT_TRUE(m_shell->ShowDocument(Help("Orders.chm")));
+    std::vector<json> shown = PageEvents("show-help");
+    ASSERT_EQ(shown.size(), before + 1);
+    EXPECT_EQ(shown.back()["kind"], "chm");
+    EXPECT_EQ(shown.back()["path"], Help("Orders.chm"));
+    // A project file, a folder or a help that is gone is left to the desktop.
+    EXPECT_FALSE(m_shell->ShowDocument(Help("Orders.hhp")));
+    EXPECT_FALSE(m_shell->ShowDocument(m_app.Path() + "CHM"));
+    EXPECT_FALSE(m_shell->ShowDocument(Help("Gone.chm")));
+    EXPECT_EQ(PageEvents("show-help").size(), before + 1);
+}
+
 TEST_F(StudioShellTest, OpenHelpOffersARecompileWhenPagesAreNewerThanTheCompiledHelp)
 {
     StartShell(OrdersHost());
