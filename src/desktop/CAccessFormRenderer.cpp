@@ -241,32 +241,6 @@ bool IsTab(const std::string& type)
     return EqualsNoCase(type, "Tab") || EqualsNoCase(type, "TabCtl");
 }
 
-enum class CaptionGlyph { Close, Maximize, Minimize };
-
-void PaintCaptionButton(ClassicPainter& painter, const PixelRect& rect, CaptionGlyph glyph)
-{
-    painter.Fill(rect, Sys(kButtonFace));
-    painter.DrawEdge(rect, Edge::Button);
-    int cx = rect.left + rect.width / 2;
-    int cy = rect.top + rect.height / 2;
-    Rgb colour = Sys(kButtonText);
-    switch (glyph) {
-    case CaptionGlyph::Close:
-        for (int i = 0; i < 7; ++i) {
-            painter.Fill({ cx - 4 + i, cy - 4 + i, 2, 1 }, colour);
-            painter.Fill({ cx + 1 - i, cy - 4 + i, 2, 1 }, colour);
-        }
-        break;
-    case CaptionGlyph::Maximize:
-        painter.Frame({ cx - 5, cy - 5, 9, 9 }, colour);
-        painter.HLine(cx - 5, cy - 4, 9, colour);
-        break;
-    case CaptionGlyph::Minimize:
-        painter.Fill({ cx - 4, cy + 1, 6, 2 }, colour);
-        break;
-    }
-}
-
 }  // namespace
 
 CAccessFormRenderer::CAccessFormRenderer(CW_AccessFormProcessor& processor, AccessFormLookup forms)

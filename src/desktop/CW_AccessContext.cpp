@@ -91,30 +91,6 @@ void CW_AccessContext::SaveMakeRun(bool, bool, bool)
     myDoevents();
 }
 
-void CW_AccessContext::ProgressMeterInit(const std::string& message, int maxVal)
-{
-    UserInterface().ProgressInit(DecodeHtmlChars(message), maxVal);
-    m_progressShown = true;
-}
-
-void CW_AccessContext::ProgressMeterRemove()
-{
-    if (m_progressShown)
-        UserInterface().ProgressDispose();
-    m_progressShown = false;
-}
-
-void CW_AccessContext::ProgressMeterUpdate(int currentValue)
-{
-    if (m_progressShown)
-        UserInterface().ProgressUpdate({}, currentValue);
-}
-
-void CW_AccessContext::myDoevents()
-{
-    LogicLoop().RunPending();
-}
-
 bool CW_AccessContext::ComponentExists(int compType, const std::string& compName)
 {
     if (m_source.FindTable(compName) || m_source.FindQuery(compName))

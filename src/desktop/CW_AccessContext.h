@@ -57,11 +57,6 @@ public:
     // ^IHostIDEContextCommands
     void SetHelpFileForCurrentSourceProject(const std::string& helpFileFullPath) override;
     void SaveMakeRun(bool, bool, bool) override;
-    void ProgressMeterInit(const std::string& message, int maxVal) override;
-    void ProgressMeterRemove() override;
-    void ProgressMeterToggle(bool) override { }
-    void ProgressMeterUpdate(int currentValue) override;
-    void myDoevents() override;
     bool ComponentExists(int compType, const std::string& compName) override;
     void CloseComponent(int objType, const std::string& objName, bool saveFlag) override;
     void SetComponentHelp(int objType, const std::string& objName, int helpContextId) override;
@@ -94,7 +89,6 @@ private:
     // The page shown of each tab control, by object.
     std::map<std::string, std::map<std::string, int>> m_shownPages;
     int m_nextHandle { 100 };
-    bool m_progressShown { false };
 };
 
 }  // namespace scriv

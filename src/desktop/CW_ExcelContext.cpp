@@ -117,30 +117,6 @@ void CW_ExcelContext::SaveMakeRun(bool, bool, bool)
     myDoevents();
 }
 
-void CW_ExcelContext::ProgressMeterInit(const std::string& message, int maxVal)
-{
-    UserInterface().ProgressInit(DecodeHtmlChars(message), maxVal);
-    m_progressShown = true;
-}
-
-void CW_ExcelContext::ProgressMeterRemove()
-{
-    if (m_progressShown)
-        UserInterface().ProgressDispose();
-    m_progressShown = false;
-}
-
-void CW_ExcelContext::ProgressMeterUpdate(int currentValue)
-{
-    if (m_progressShown)
-        UserInterface().ProgressUpdate({}, currentValue);
-}
-
-void CW_ExcelContext::myDoevents()
-{
-    LogicLoop().RunPending();
-}
-
 bool CW_ExcelContext::ComponentExists(int compType, const std::string& compName)
 {
     return m_workbook.FindWorksheet(compName) || m_workbook.FindChart(compName) || FindUserForm(compName);

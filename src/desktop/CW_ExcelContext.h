@@ -65,11 +65,6 @@ public:
     // ^IHostIDEContextCommands
     void SetHelpFileForCurrentSourceProject(const std::string& helpFileFullPath) override;
     void SaveMakeRun(bool, bool, bool) override;
-    void ProgressMeterInit(const std::string& message, int maxVal) override;
-    void ProgressMeterRemove() override;
-    void ProgressMeterToggle(bool) override { }
-    void ProgressMeterUpdate(int currentValue) override;
-    void myDoevents() override;
     bool ComponentExists(int compType, const std::string& compName) override;
     void CloseComponent(int objType, const std::string& objName, bool saveFlag) override;
     void SetComponentHelp(int objType, const std::string& objName, int helpContextId) override;
@@ -96,7 +91,6 @@ private:
 
     XlsxWorkbook m_workbook;
     std::vector<UserForm> m_forms;
-    bool m_progressShown { false };
 };
 
 // The row of a worksheet's headings: of its first ten rows in use, the first

@@ -258,30 +258,6 @@ void CW_IDEVB6Context::SaveMakeRun(bool saveAppChanges, bool makeApp, bool runAp
     }
 }
 
-void CW_IDEVB6Context::ProgressMeterInit(const std::string& message, int maxVal)
-{
-    UserInterface().ProgressInit(DecodeHtmlChars(message), maxVal);
-    m_progressShown = true;
-}
-
-void CW_IDEVB6Context::ProgressMeterRemove()
-{
-    if (m_progressShown)
-        UserInterface().ProgressDispose();
-    m_progressShown = false;
-}
-
-void CW_IDEVB6Context::ProgressMeterUpdate(int currentValue)
-{
-    if (m_progressShown)
-        UserInterface().ProgressUpdate({}, currentValue);
-}
-
-void CW_IDEVB6Context::myDoevents()
-{
-    LogicLoop().RunPending();
-}
-
 bool CW_IDEVB6Context::ComponentExists(int compType, const std::string& compName)
 {
     return FindComponent(compName) != nullptr;

@@ -247,30 +247,6 @@ void CW_IDEVSContext::SaveMakeRun(bool saveAppChanges, bool makeApp, bool runApp
     }
 }
 
-void CW_IDEVSContext::ProgressMeterInit(const std::string& message, int maxVal)
-{
-    UserInterface().ProgressInit(DecodeHtmlChars(message), maxVal);
-    m_progressShown = true;
-}
-
-void CW_IDEVSContext::ProgressMeterRemove()
-{
-    if (m_progressShown)
-        UserInterface().ProgressDispose();
-    m_progressShown = false;
-}
-
-void CW_IDEVSContext::ProgressMeterUpdate(int currentValue)
-{
-    if (m_progressShown)
-        UserInterface().ProgressUpdate({}, currentValue);
-}
-
-void CW_IDEVSContext::myDoevents()
-{
-    LogicLoop().RunPending();
-}
-
 bool CW_IDEVSContext::ComponentExists(int compType, const std::string& compName)
 {
     return FindComponent(compName) != nullptr;

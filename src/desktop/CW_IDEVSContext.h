@@ -75,11 +75,6 @@ public:
     // ^IHostIDEContextCommands
     void SetHelpFileForCurrentSourceProject(const std::string& helpFileFullPath) override;
     void SaveMakeRun(bool saveAppChanges, bool makeApp, bool runApp) override;
-    void ProgressMeterInit(const std::string& message, int maxVal) override;
-    void ProgressMeterRemove() override;
-    void ProgressMeterToggle(bool) override { }
-    void ProgressMeterUpdate(int currentValue) override;
-    void myDoevents() override;
     bool ComponentExists(int compType, const std::string& compName) override;
     void CloseComponent(int objType, const std::string& objName, bool saveFlag) override;
     void SetComponentHelp(int objType, const std::string& objName, int helpContextId) override;
@@ -110,7 +105,6 @@ private:
     std::vector<std::string> m_openErrors;
     std::size_t m_current { 0 };
     bool m_useGroup { false };
-    bool m_progressShown { false };
     int m_nextHandle { 100 };
 };
 

@@ -14,41 +14,6 @@ using namespace syscolour;
 
 namespace {
 
-enum class CaptionGlyph { Close, Maximize, Minimize };
-
-void PaintGlyph(ClassicPainter& painter, const PixelRect& face, CaptionGlyph glyph, Rgb colour)
-{
-    int cx = face.left + face.width / 2;
-    int cy = face.top + face.height / 2;
-    switch (glyph) {
-    case CaptionGlyph::Close:
-        for (int i = 0; i < 7; ++i) {
-            painter.Fill({ cx - 4 + i, cy - 4 + i, 2, 1 }, colour);
-            painter.Fill({ cx + 1 - i, cy - 4 + i, 2, 1 }, colour);
-        }
-        break;
-    case CaptionGlyph::Maximize:
-        painter.Frame({ cx - 5, cy - 5, 9, 9 }, colour);
-        painter.HLine(cx - 5, cy - 4, 9, colour);
-        break;
-    case CaptionGlyph::Minimize:
-        painter.Fill({ cx - 4, cy + 1, 6, 2 }, colour);
-        break;
-    }
-}
-
-void PaintCaptionButton(ClassicPainter& painter, const PixelRect& rect, CaptionGlyph glyph, bool enabled)
-{
-    painter.Fill(rect, SystemColour(kButtonFace));
-    painter.DrawEdge(rect, Edge::Button);
-    if (enabled) {
-        PaintGlyph(painter, rect, glyph, SystemColour(kButtonText));
-        return;
-    }
-    PaintGlyph(painter, { rect.left + 1, rect.top + 1, rect.width, rect.height }, glyph, SystemColour(kButtonHighlight));
-    PaintGlyph(painter, rect, glyph, SystemColour(kGrayText));
-}
-
 PixelRect Shifted(const IClientFormProcessor::Rect& rect, int originX, int originY)
 {
     return { originX + rect.left, originY + rect.top, rect.width, rect.height };

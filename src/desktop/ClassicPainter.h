@@ -128,6 +128,11 @@ private:
     PangoContext* m_pango { nullptr };
 };
 
+enum class CaptionGlyph { Close, Maximize, Minimize };
+
+// A button of a title bar; a disabled one shows its glyph engraved.
+void PaintCaptionButton(ClassicPainter& painter, const PixelRect& rect, CaptionGlyph glyph, bool enabled = true);
+
 // A copy of text without its mnemonic marks ("&Save" gives "Save", "a && b" gives "a & b").
 std::string StripMnemonic(const std::string& text);
 

@@ -1,7 +1,10 @@
 #include "host/CHostContextBase.h"
 
+#include "foundation/EventLoop.h"
+#include "foundation/IUserInterface.h"
 #include "foundation/ScrivError.h"
 #include "foundation/StringUtil.h"
+#include "foundation/TextEncoding.h"
 #include "host/CXmlCommand.h"
 #include "model/IRunContext.h"
 
@@ -173,6 +176,30 @@ void CHostContextBase::HourglassOffFinal()
 {
     m_hourglassCount = 0;
     m_hourglassShown = false;
+}
+
+void CHostContextBase::ProgressMeterInit(const std::string& message, int maxVal)
+{
+    UserInterface().ProgressInit(DecodeHtmlChars(message), maxVal);
+    m_progressShown = true;
+}
+
+void CHostContextBase::ProgressMeterRemove()
+{
+    if (m_progressShown)
+        UserInterface().ProgressDispose();
+    m_progressShown = false;
+}
+
+void CHostContextBase::ProgressMeterUpdate(int currentValue)
+{
+    if (m_progressShown)
+        UserInterface().ProgressUpdate({}, currentValue);
+}
+
+void CHostContextBase::myDoevents()
+{
+    LogicLoop().RunPending();
 }
 
 }  // namespace scriv

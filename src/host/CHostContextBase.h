@@ -21,6 +21,12 @@ public:
     void HourglassOn() override;
     void HourglassOff() override;
     void HourglassOffFinal() override;
+    // The progress of a host's long work shows in the program's own window.
+    void ProgressMeterInit(const std::string& message, int maxVal) override;
+    void ProgressMeterRemove() override;
+    void ProgressMeterToggle(bool) override { }
+    void ProgressMeterUpdate(int currentValue) override;
+    void myDoevents() override;
     // The prefixes of component names that the generated help uses; a host
     // whose objects are named otherwise gives its own.
     std::string FormNamePrefix() override { return "dlg_"; }
@@ -50,6 +56,7 @@ private:
     void Dispatch(CXmlCommand& command);
 
     int m_hourglassCount { 0 };
+    bool m_progressShown { false };
     bool m_hourglassShown { false };
 };
 
