@@ -25,24 +25,8 @@ extern "C" void OnInterrupt(int)
 // "[Y]es" - the first letter is what the person types.
 std::string ButtonLabel(int button)
 {
-    switch (button) {
-    case vbOK:
-        return "OK";
-    case vbCancel:
-        return "Cancel";
-    case vbAbort:
-        return "Abort";
-    case vbRetry:
-        return "Retry";
-    case vbIgnore:
-        return "Ignore";
-    case vbYes:
-        return "Yes";
-    case vbNo:
-        return "No";
-    default:
-        return "?";
-    }
+    std::string caption = ButtonCaption(button);
+    return caption.empty() ? "?" : caption;
 }
 
 const char* IconName(int flags)

@@ -39,6 +39,8 @@ std::vector<int> ButtonsOf(int flags);
 int DefaultButtonOf(int flags);
 // "vbYes", "vbNo" ... as the trace writes them.
 const char* ButtonName(int button);
+// "OK", "Yes", "No" ... as a button shows it; "" for no button.
+const char* ButtonCaption(int button);
 
 struct MessageBoxRequest {
     std::string text;

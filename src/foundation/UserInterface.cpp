@@ -63,6 +63,28 @@ const char* ButtonName(int button)
     }
 }
 
+const char* ButtonCaption(int button)
+{
+    switch (button) {
+    case vbOK:
+        return "OK";
+    case vbCancel:
+        return "Cancel";
+    case vbAbort:
+        return "Abort";
+    case vbRetry:
+        return "Retry";
+    case vbIgnore:
+        return "Ignore";
+    case vbYes:
+        return "Yes";
+    case vbNo:
+        return "No";
+    default:
+        return "";
+    }
+}
+
 bool IUserInterface::OpenDocument(const std::string& path)
 {
     return ShellOpen(path);

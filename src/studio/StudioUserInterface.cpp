@@ -31,24 +31,7 @@ StudioUserInterface::StudioUserInterface(EventLoop& loop, StudioEvents& events, 
 
 std::string StudioUserInterface::ButtonLabel(int button)
 {
-    switch (button) {
-    case vbOK:
-        return "OK";
-    case vbCancel:
-        return "Cancel";
-    case vbAbort:
-        return "Abort";
-    case vbRetry:
-        return "Retry";
-    case vbIgnore:
-        return "Ignore";
-    case vbYes:
-        return "Yes";
-    case vbNo:
-        return "No";
-    default:
-        return "";
-    }
+    return ButtonCaption(button);
 }
 
 std::string StudioUserInterface::IconName(int flags)
