@@ -11,6 +11,7 @@
 #include "foundation/ScrivError.h"
 #include "foundation/StringUtil.h"
 #include "studio/ChmArchive.h"
+#include "studio/EditorRoutes.h"
 #include "studio/StudioEvents.h"
 #include "studio/StudioFileAccess.h"
 #include "studio/StudioShell.h"
@@ -310,6 +311,7 @@ void StudioServer::InstallRoutes()
         SendJson(response, *contents);
     });
 
+    InstallEditorRoutes(http, m_loop, m_shell, m_files, kLogicTimeout);
     http.Get("/files/.*", [this](const httplib::Request& request, httplib::Response& response) {
         ServeFile(request, response);
     });
@@ -363,7 +365,7 @@ void StudioServer::ServeWebFile(const httplib::Request& request, httplib::Respon
     response.set_header("Cache-Control", "no-cache");
     response.set_header("X-Content-Type-Options", "nosniff");
     response.set_header("Content-Security-Policy",
-        "default-src 'self'; frame-src " + guard.ContentOrigin() + "; img-src 'self' data: " + guard.ContentOrigin()
+        "default-src 'self'; frame-src 'self' " + guard.ContentOrigin() + "; img-src 'self' data: " + guard.ContentOrigin()
             + "; object-src 'none'; base-uri 'none'; form-action 'none'; frame-ancestors 'none'");
     response.set_content(std::move(*bytes), ContentTypeOf(file.string()));
 }

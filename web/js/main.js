@@ -4,6 +4,7 @@
 
 import { studioApi } from "./api.js";
 import { installDialogs } from "./dialogs.js";
+import { registerEditor } from "./editor.js";
 import { connectEvents, onStudioEvent } from "./events.js";
 import { registerHelpViewer } from "./help-viewer.js";
 import "./main-area.js";
@@ -98,6 +99,7 @@ function contentBases() {
 }
 
 registerHelpViewer(mainArea, contentBases);
+registerEditor(mainArea);
 installDialogs();
 installProgressWindow();
 
