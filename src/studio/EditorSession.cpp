@@ -79,6 +79,14 @@ void AdoptAddedPage(const std::string& pagePath, const std::string& cssFullPath)
     MakeRelativeFileLinks(pagePath);
 }
 
+bool HasControlNodes(const CHelpPrjTreeNode& node)
+{
+    for (const auto& child : node.ChildNodes())
+        if (child->IsControl || child->IsMenu)
+            return true;
+    return false;
+}
+
 void Remember(std::vector<std::string>& texts, const std::string& text)
 {
     if (text.empty())
@@ -174,7 +182,16 @@ std::uint32_t EditorSession::Open()
     m_projectName = project->Name;
     m_projectFolder = AddBackslash(project->Folder);
     m_imageFolder = project->PicsSubfolderPath();
+    // The tree keeps the descriptions: those of an earlier opening stay with it.
+    if (m_descriptions)
+        m_oldDescriptions.push_back(std::move(m_descriptions));
     m_descriptions = std::make_unique<CXmlFormDescriptions>(project->XmlFormsFolder());
+    // The documented controls and menus of form topics show below them.
+    bool useControlNames = parameters.IdentifyControls() == 1;
+    tree->SetFormDescriptions(m_descriptions.get(), useControlNames);
+    for (CHelpPrjTreeNode* node : tree->ObjectNodes())
+        if (!HasControlNodes(*node))
+            tree->AddControls(*node, node->Level(), *m_descriptions, useControlNames);
 
     HelpEditorSetup setup;
     setup.tree.projectFolder = m_projectFolder;
@@ -182,7 +199,7 @@ std::uint32_t EditorSession::Open()
     setup.tree.newTopicTemplate = TemplateFullPath("Default.htm");
     setup.tree.charset = parameters.Charset;
     setup.tree.cssFullPath = parameters.CSSFullPath();
-    setup.tree.useControlNames = parameters.IdentifyControls() == 1;
+    setup.tree.useControlNames = useControlNames;
     setup.tree.writeNewTopicPage = WriteNewTopicPage;
     setup.tree.adoptAddedPage = AdoptAddedPage;
     setup.tree.formDescriptions = m_descriptions.get();

@@ -132,6 +132,7 @@ private:
     StudioShell& m_shell;
     std::unique_ptr<EditorTreeView> m_view;
     std::unique_ptr<CXmlFormDescriptions> m_descriptions;
+    std::vector<std::unique_ptr<CXmlFormDescriptions>> m_oldDescriptions;
     std::unique_ptr<frmHelpEditor> m_editor;
     std::vector<std::unique_ptr<frmHelpEditor>> m_closed;
     std::unique_ptr<CHtmlRefsChecker> m_linkChecker;

@@ -135,6 +135,7 @@ export class HTMLEdit {
 
     #load(path, pending) {
         this.pendingLoad = { path, ...pending };
+        this.host.loading?.();
         this.frame.hidden = this.mode === "html";
         const doc = this.document;
         if (doc && doc.designMode === "on")
@@ -391,14 +392,28 @@ export class HTMLEdit {
         return states;
     }
 
-    insertHtml(html) {
-        if (this.mode !== "edit")
+    // Puts an element at the caret (over the selection) as it is: the
+    // browser's insertHTML would add the styles it sees around the caret.
+    insertElement(node) {
+        const doc = this.document;
+        if (this.mode !== "edit" || !doc?.body)
             return false;
         this.frame.focus();
-        const done = this.document.execCommand("insertHTML", false, html);
-        if (done)
-            this.#markDirty();
-        return done;
+        const selection = doc.getSelection();
+        let range = selection.rangeCount > 0 ? selection.getRangeAt(0) : null;
+        if (!range || !doc.body.contains(range.startContainer)) {
+            range = doc.createRange();
+            range.selectNodeContents(doc.body);
+            range.collapse(false);
+        }
+        range.deleteContents();
+        range.insertNode(node);
+        range.setStartAfter(node);
+        range.collapse(true);
+        selection.removeAllRanges();
+        selection.addRange(range);
+        this.#markDirty();
+        return true;
     }
 
     InsertHR() {
@@ -460,8 +475,11 @@ export class HTMLEdit {
         if (!name)
             return;
         const safe = name.trim().replace(/"/g, "");
-        if (safe)
-            this.insertHtml(`<a name="${safe}"></a>`);
+        if (!safe)
+            return;
+        const anchor = this.document.createElement("a");
+        anchor.setAttribute("name", safe);
+        this.insertElement(anchor);
     }
 
     async PopUpPicture() {
@@ -548,7 +566,7 @@ export class HTMLEdit {
         const link = doc.createElement("a");
         link.setAttribute("href", this.linkTo(path));
         link.textContent = caption;
-        this.insertHtml(link.outerHTML);
+        this.insertElement(link);
     }
 
     #click(event) {

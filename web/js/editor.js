@@ -119,6 +119,9 @@ class HelpEditorPanel {
             status: (texts) => this.#setStatus(texts),
             modeChanged: () => this.#updateCommands(),
             selectionChanged: () => this.#updateToolbar(),
+            // Tests and tools can tell when the page is ready to be edited.
+            loading: () => (this.element.dataset.pageState = "loading"),
+            loaded: () => (this.element.dataset.pageState = "ready"),
             baseFolder: () => this.state?.project?.folder || "",
             imageFolder: () => this.state?.project?.imageFolder || "",
         });

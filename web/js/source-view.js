@@ -135,8 +135,9 @@ export class CRichTextBox {
     }
 
     // Every change: the redo list empties, the undo list grows, the state
-    // machine follows a one-character change, and the box is dirty.
-    Change() {
+    // machine follows a one-character change that typing did not make (a
+    // typed character has set the state as it came in), and the box is dirty.
+    Change(typed = false) {
         if (this.TrapUndo)
             return;
         this.redoList = [];
@@ -144,7 +145,7 @@ export class CRichTextBox {
         this.undoList.push(this.model.snapshot());
         if (this.undoList.length > UNDO_LIMIT)
             this.undoList.splice(1, 1);
-        if (former && Math.abs(former.text.length - this.model.text.length) === 1)
+        if (!typed && former && Math.abs(former.text.length - this.model.text.length) === 1)
             this.color.AfterOneCharacterChanged();
         this.#changed(true);
     }
@@ -164,7 +165,7 @@ export class CRichTextBox {
             event.preventDefault();
             for (const c of event.data)
                 this.#type(c);
-            this.#afterEdit();
+            this.#afterEdit(true);
             return;
         }
         event.preventDefault();
@@ -210,10 +211,11 @@ export class CRichTextBox {
         model.typingColor = kept;
     }
 
-    #afterEdit() {
+    // typed: the change is a typed character, whose state KeyPressEvent has set.
+    #afterEdit(typed = false) {
         this.#render();
         this.#placeSelection();
-        this.Change();
+        this.Change(typed);
     }
 
     #keyDown(event) {
