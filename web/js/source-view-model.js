@@ -274,7 +274,7 @@ export class CColorHTML {
             } else if (c === "%") {
                 this.#replaceBehind(1, Colors.script, "<%");
                 this.InScript = true;
-                this.InComment = false;
+                this.InComment = this.InTag = this.InValue = false;
                 swallowed = true;
             }
         }
@@ -285,10 +285,12 @@ export class CColorHTML {
                 if (cursor >= 3 && before[cursor - 3] === "<" && before[cursor - 2] === "/") {
                     this.#replaceBehind(3, Colors.script, upper ? "</CF" : "</cf");
                     this.InCfTag = true;
+                    this.InComment = this.InTag = this.InValue = false;
                     swallowed = true;
                 } else if (before[cursor - 2] === "<") {
                     this.#replaceBehind(2, Colors.script, upper ? "<CF" : "<cf");
                     this.InCfTag = true;
+                    this.InComment = this.InTag = this.InValue = false;
                     swallowed = true;
                 }
             }
