@@ -62,7 +62,17 @@ HtmlPageText TargetPage(const std::string& path, std::string_view text)
 std::string PageTextForEditing(std::string_view text)
 {
     std::optional<std::string> cut = WithoutWBHScript(text);
-    return cut ? *cut : std::string(text);
+    std::string page = cut ? *cut : std::string(text);
+    // A page written by a document walk holds the script in its body.
+    std::size_t id = FindNoCase(page, "id=\"wbh\"");
+    if (id == std::string::npos)
+        return page;
+    std::size_t start = page.rfind('<', id);
+    std::size_t end = FindNoCase(page, "</script>", id);
+    if (start == std::string::npos || end == std::string::npos || FindNoCase(page, "<script", start) != start)
+        return page;
+    page.erase(start, end + 9 - start);
+    return page;
 }
 
 void WriteEditedPage(const std::string& path, std::string_view text, bool source)

@@ -13,7 +13,8 @@ namespace scriv::studio {
 inline constexpr std::string_view kTempPageName = "~temp.htp";
 
 // The text a page is shown with for editing: without the browser-help script
-// that stands behind "</html>".
+// that stands behind "</html>" (or, in a page written by a document walk, in
+// its body).
 std::string PageTextForEditing(std::string_view text);
 
 // Writes an edited page to path. With source, text is the source view's text
