@@ -136,6 +136,8 @@ void StudioServer::Start(const StudioServerOptions& options)
     m_webRoot = options.webRoot;
     m_http = std::make_unique<httplib::Server>();
     m_http->new_task_queue = [] { return new httplib::ThreadPool(kHttpThreads); };
+    // Small answers go out at once rather than waiting for the browser's delayed acknowledgement.
+    m_http->set_tcp_nodelay(true);
     int port = options.port;
     if (port == 0) {
         port = m_http->bind_to_any_port("127.0.0.1");

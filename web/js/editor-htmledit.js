@@ -77,6 +77,9 @@ export class HTMLEdit {
         this.dirty = false; // changed since the program last had the text
         this.heldDirty = false; // the program holds changes not yet saved
         this.pendingLoad = null;
+        this.loadCount = 0;
+        this.shownDocument = null;
+        this.shownBookmark = "";
         this.history = [];
         this.historyAt = -1;
 
@@ -141,6 +144,23 @@ export class HTMLEdit {
         if (doc && doc.designMode === "on")
             doc.designMode = "off";
         this.frame.src = editUrl(path);
+        this.#watchParsed(doc, path, ++this.loadCount);
+    }
+
+    // The page can be edited once it is parsed: its pictures may still be
+    // coming. The frame's document is watched until the new one is there.
+    #watchParsed(former, path, count) {
+        const check = () => {
+            if (count !== this.loadCount || this.pendingLoad?.path !== path)
+                return;
+            const doc = this.document;
+            if (doc && doc !== former && doc.readyState !== "loading" && pathOfEditUrl(doc.URL).path === path) {
+                this.#loaded();
+                return;
+            }
+            setTimeout(check, 0);
+        };
+        setTimeout(check, 0);
     }
 
     // The page changed by something other than the person's typing (a find,
@@ -152,10 +172,18 @@ export class HTMLEdit {
 
     async #loaded() {
         const doc = this.document;
-        const pending = this.pendingLoad;
-        this.pendingLoad = null;
         if (!doc || !doc.documentElement)
             return;
+        if (doc === this.shownDocument) {
+            // Its pictures are in: a bookmark stands where it will stay.
+            if (this.shownBookmark)
+                this.GoToBookmark(this.shownBookmark);
+            return;
+        }
+        this.shownDocument = doc;
+        const pending = this.pendingLoad;
+        this.pendingLoad = null;
+        this.shownBookmark = pending?.bookmark || "";
         const { path, hash } = pathOfEditUrl(this.frame.contentWindow.location.href);
         this.#attach(doc);
         const expected = pending?.path || "";
