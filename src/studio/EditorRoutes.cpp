@@ -249,6 +249,10 @@ void InstallEditorRoutes(httplib::Server& http, EventLoop& loop, StudioShell& sh
                 row < 0 ? static_cast<std::size_t>(-1) : static_cast<std::size_t>(row));
         });
     });
+    http.Post("/api/editor/index-entries", [routes](Request request, Response response) {
+        routes->Act(request, response,
+            [](EditorSession& editor, const json& body) { return editor.IndexEntries(body); });
+    });
     http.Post("/api/editor/command", [routes](Request request, Response response) {
         routes->Start(request, response,
             [](EditorSession& editor, const json& body) { editor.Command(body, body.value("name", "")); });

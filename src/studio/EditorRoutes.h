@@ -33,6 +33,7 @@ class StudioShell;
 //   POST /api/editor/source    {html}       the source view's text: {"text"}
 //   POST /api/editor/temp      {text}       "~temp.htp" beside the page: {"path"}
 //   POST /api/editor/report    {report, action, row}
+//   POST /api/editor/index-entries {action, text, selected}   the index entries dialog
 //   POST /api/editor/command   {name}       202
 //   POST /api/editor/find-replace {mode, findWhat, ...}   202
 //   POST /api/editor/word-export  {target, savePictures}  202

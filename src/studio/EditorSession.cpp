@@ -5,9 +5,11 @@
 #include "editor/CHTMLFindReplaceAll.h"
 #include "editor/CHelpPrjTreeMenu.h"
 #include "editor/CXmlFormDescriptions.h"
+#include "editor/frmHHCEntryIndexKeywords.h"
 #include "editor/frmHelpEditor.h"
 #include "foundation/CTraceLog.h"
 #include "foundation/ErrorMessage.h"
+#include "foundation/EventLoop.h"
 #include "foundation/IUserInterface.h"
 #include "foundation/Paths.h"
 #include "foundation/ScrivError.h"
@@ -37,6 +39,10 @@ using json = nlohmann::json;
 
 // How many earlier texts the find and replace dialog offers.
 constexpr std::size_t kEarlierTexts = 12;
+// A step that took longer (it asked the person something) tells the page
+// afterwards, since the page's request may have stopped waiting for it.
+constexpr std::chrono::seconds kLongStep { 1 };
+constexpr const char* kIndexDialogKey = "editor-index-entries";
 
 bool SamePath(const std::string& a, const std::string& b)
 {
@@ -203,6 +209,7 @@ std::uint32_t EditorSession::Open()
     setup.tree.writeNewTopicPage = WriteNewTopicPage;
     setup.tree.adoptAddedPage = AdoptAddedPage;
     setup.tree.formDescriptions = m_descriptions.get();
+    setup.tree.showIndexEntries = [this](frmHHCEntryIndexKeywords& dialog) { ShowIndexEntries(dialog); };
     setup.baseFolder = m_projectFolder;
     setup.imageFolder = m_imageFolder;
     setup.contentsTemplate = TemplateFullPath("Contents.htm");
@@ -371,6 +378,7 @@ json EditorSession::Step(const json& request, F step)
 {
     if (!IsOpen())
         return State();
+    auto started = std::chrono::steady_clock::now();
     {
         DepthGuard depth(m_depth);
         TakePage(request);
@@ -379,6 +387,8 @@ json EditorSession::Step(const json& request, F step)
     }
     if (m_depth == 0)
         ForgetClosedEditors();
+    if (std::chrono::steady_clock::now() - started > kLongStep)
+        Changed();
     return State();
 }
 
@@ -612,6 +622,84 @@ std::uint32_t EditorSession::WordExport(const std::string& target, bool savePict
         UserInterface().ClearCancelRequest();
     });
     return result;
+}
+
+// --- the index entries dialog ---
+
+json EditorSession::IndexDialogJson() const
+{
+    if (!m_indexDialog)
+        return { { "open", false } };
+    const frmHHCEntryIndexKeywords& dialog = *m_indexDialog;
+    frmHHCEntryIndexKeywords::ButtonStates buttons = dialog.ToggleButtons();
+    std::optional<std::size_t> selected = dialog.ListIndex();
+    return {
+        { "open", true },
+        { "title", std::string(frmHHCEntryIndexKeywords::kTitle) },
+        { "entries", dialog.IndexesCollection() },
+        { "selected", selected ? json(*selected) : json(nullptr) },
+        { "text", dialog.txtIndexEntry() },
+        { "textFocus", dialog.TextBoxHasFocus() },
+        { "buttons",
+            { { "add", buttons.addEntry }, { "delete", buttons.deleteEntry }, { "up", buttons.moveUp },
+                { "down", buttons.moveDown } } },
+    };
+}
+
+void EditorSession::ShowIndexEntries(frmHHCEntryIndexKeywords& dialog)
+{
+    m_indexDialog = &dialog;
+    json event = IndexDialogJson();
+    event["type"] = "editor-dialog";
+    event["dialog"] = "index-entries";
+    m_events.Publish(event, kIndexDialogKey);
+    EventLoop& loop = LogicLoop();
+    while (!dialog.Closed()) {
+        bool pageGone = m_events.SubscriberCount() == 0
+            && StudioEvents::Clock::now() - m_events.NoSubscriberSince() >= kNoPageGrace;
+        if (pageGone) {
+            Trace("Studio: no page is connected; the index entries dialog is cancelled.");
+            dialog.cmdCancel_Click();
+            break;
+        }
+        loop.RunUntil([&] { return dialog.Closed(); }, std::chrono::milliseconds(200));
+    }
+    m_indexDialog = nullptr;
+    m_events.Forget(kIndexDialogKey);
+    Publish({ { "type", "editor-dialog" }, { "dialog", "index-entries" }, { "closed", true } });
+}
+
+json EditorSession::IndexEntries(const json& request)
+{
+    if (!m_indexDialog)
+        return IndexDialogJson();
+    frmHHCEntryIndexKeywords& dialog = *m_indexDialog;
+    ErrorFrame("frmHHCEntryIndexKeywords.Click", [&] {
+        if (request.contains("text") && request["text"].is_string())
+            dialog.SetTxtIndexEntry(request["text"].get<std::string>());
+        if (request.contains("selected")) {
+            const json& selected = request["selected"];
+            bool index = selected.is_number_integer() && selected.get<long long>() >= 0;
+            dialog.SetListIndex(index ? std::optional<std::size_t>(selected.get<std::size_t>()) : std::nullopt);
+        }
+        std::string action = request.value("action", "select");
+        if (action == "add")
+            dialog.cmdAddEntry_Click();
+        else if (action == "delete")
+            dialog.cmdDeleteEntry_Click();
+        else if (action == "up")
+            dialog.cmdMoveUp_Click();
+        else if (action == "down")
+            dialog.cmdMoveDown_Click();
+        else if (action == "ok")
+            dialog.cmdOK_Click();
+        else if (action == "cancel")
+            dialog.cmdCancel_Click();
+    });
+    json state = IndexDialogJson();
+    // OK and Cancel close it; the editor takes it down once the click is done.
+    state["open"] = !dialog.Closed();
+    return state;
 }
 
 // --- for the page ---

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <chrono>
 #include <cstddef>
 #include <cstdint>
 #include <memory>
@@ -14,6 +15,7 @@
 
 namespace scriv {
 struct HelpEditorSetup;
+class frmHHCEntryIndexKeywords;
 class CHTMLFindReplaceAll;
 class CXmlFormDescriptions;
 class frmHelpEditor;
@@ -103,6 +105,15 @@ public:
     // The Word document the export offers first.
     std::string DefaultWordTarget() const;
 
+    // --- the index entries dialog ("Node Index Entries") ---
+    // What the person did in the dialog the editor shows: {"action": "add",
+    // "delete", "up", "down", "ok", "cancel" or "select", "text": the text box,
+    // "selected": the selected entry or null}; answers the dialog as it stands
+    // ({"open": false} when none is shown).
+    nlohmann::json IndexEntries(const nlohmann::json& request);
+    // How long the dialog waits for a page to come back before it is cancelled.
+    static constexpr std::chrono::seconds kNoPageGrace { 20 };
+
     // --- for the page ---
     nlohmann::json State() const;
     nlohmann::json Tree() const;
@@ -127,6 +138,9 @@ private:
     void Closed();
     // Ends the editors that closed while one of their own calls ran.
     void ForgetClosedEditors();
+    // Shows the index entries dialog and turns the loop until it is closed.
+    void ShowIndexEntries(frmHHCEntryIndexKeywords& dialog);
+    nlohmann::json IndexDialogJson() const;
 
     StudioEvents& m_events;
     StudioShell& m_shell;
@@ -137,6 +151,7 @@ private:
     std::vector<std::unique_ptr<frmHelpEditor>> m_closed;
     std::unique_ptr<CHtmlRefsChecker> m_linkChecker;
     std::unique_ptr<CHTMLFindReplaceAll> m_search;
+    frmHHCEntryIndexKeywords* m_indexDialog { nullptr };
     std::string m_projectName;
     std::string m_projectFolder;
     std::string m_imageFolder;

@@ -327,6 +327,28 @@ describe("the Help Editor on a new help project", () => {
         await waitForStatus(page, "Dirty", "Dirty");
     });
 
+    test("Ctrl+I edits a topic's index entries in the Node Index Entries dialog", async () => {
+        await selectNode(page, "Order", "OrderDesk_Form_frmOrder.htm");
+        await page.locator(".editor-tree").press("Control+i");
+        const dialog = page.locator("dialog#frmHHCEntryIndexKeywords[open]");
+        await dialog.waitFor();
+        assert.equal(await dialog.locator(".dialog-title").innerText(), "Node Index Entries");
+        assert.deepEqual(await dialog.locator("#lstIndexEntries option").allInnerTexts(), ["Order"]);
+        await dialog.locator("#txtIndexEntry").fill("Purchase orders");
+        await dialog.locator("#cmdAddEntry").click();
+        await dialog.locator("#lstIndexEntries option", { hasText: "Purchase orders" }).waitFor();
+        assert.equal(await dialog.locator("#cmdMoveDown").isDisabled(), true, "the last entry cannot move down");
+        await dialog.locator("#cmdMoveUp").click();
+        await page.waitForFunction(() =>
+            [...document.querySelectorAll("#lstIndexEntries option")].map((o) => o.textContent).join("|")
+                === "Purchase orders|Order");
+        await dialog.locator("#cmdOK").click();
+        await page.locator("dialog#frmHHCEntryIndexKeywords").waitFor({ state: "detached" });
+        const description = await fileWhere(path.join(application.help, "xml", "OrderDesk_Form_frmOrder.xml"),
+            (text) => text.includes("Purchase orders"));
+        assert.match(description, /Indexes = "Purchase orders\|Order"/);
+    });
+
     test("a saved form page refreshes its control nodes", async () => {
         await selectNode(page, "Customer", "OrderDesk_Form_frmCustomer.htm");
         await treeItem(page, "Customer").locator(":scope > .tree-row .toggle").click();

@@ -3,6 +3,7 @@
 #include <filesystem>
 
 #include "desktop/CW_IDEVB6Context.h"
+#include "foundation/EventLoop.h"
 #include "foundation/LoadedForms.h"
 #include "foundation/MsgBox.h"
 #include "foundation/Paths.h"
@@ -273,6 +274,40 @@ TEST_F(EditorSessionTest, ARenamedTopicRetitlesItsPageWhichIsSavedOnClosingWithT
     EXPECT_NE(Data().LoadedTree()->Root(), nullptr);
     EXPECT_EQ(m_shell->Run("RecompileHelpProject"), 0u);
     EXPECT_NE(Read("OrderDesk.hhc").find("Search for Orders"), std::string::npos);
+}
+
+TEST_F(EditorSessionTest, IndexEntriesAreEditedInTheDialogThePageShows)
+{
+    Generate();
+    Editor().Select({}, kCustomer);
+    json shown;
+    json afterAdd;
+    // The person's clicks, as the page sends them while the dialog is up.
+    LogicLoop().Post([&] {
+        shown = PageEvents("editor-dialog").back();
+        Editor().IndexEntries({ { "action", "add" }, { "text", "Clients; \"all\"" } });
+        afterAdd = Editor().IndexEntries({ { "action", "select" }, { "selected", 1 } });
+        Editor().IndexEntries({ { "action", "ok" } });
+    });
+    Editor().Key({}, 'I', kCtrl);
+    EXPECT_EQ(shown["dialog"], "index-entries");
+    EXPECT_EQ(shown["title"], "Node Index Entries");
+    EXPECT_EQ(shown["entries"], json::array({ "Customer" }));
+    EXPECT_EQ(afterAdd["entries"], json::array({ "Customer", "Clients all" })) << "quotes and semicolons go";
+    EXPECT_EQ(afterAdd["selected"], 1);
+    EXPECT_TRUE(afterAdd["buttons"]["up"].get<bool>());
+    EXPECT_FALSE(afterAdd["buttons"]["down"].get<bool>());
+    EXPECT_TRUE(PageEvents("editor-dialog").back()["closed"].get<bool>());
+    EXPECT_FALSE(Editor().IndexEntries({})["open"].get<bool>());
+    EXPECT_NE(Read("xml/OrderDesk_Form_frmCustomer.xml").find("Clients all"), std::string::npos);
+
+    // Cancel leaves the entries as they were.
+    LogicLoop().Post([&] {
+        Editor().IndexEntries({ { "action", "add" }, { "text", "Dropped" } });
+        Editor().IndexEntries({ { "action", "cancel" } });
+    });
+    Editor().Key({}, 'I', kCtrl);
+    EXPECT_EQ(Read("xml/OrderDesk_Form_frmCustomer.xml").find("Dropped"), std::string::npos);
 }
 
 // --- the tools ---

@@ -25,4 +25,6 @@ export const editorApi = {
     command: (name, page) => postJson("/api/editor/command", withPage({ name }, page)),
     findReplace: (request, page) => postJson("/api/editor/find-replace", withPage(request, page)),
     wordExport: (target, savePictures) => postJson("/api/editor/word-export", { target, savePictures }),
+    // The index entries dialog: { action, text, selected } answers its state.
+    indexEntries: (request) => postJson("/api/editor/index-entries", request),
 };

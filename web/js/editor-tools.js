@@ -296,3 +296,121 @@ function chooseSavePath(current) {
         dialog.append(chooser.element, row);
     });
 }
+
+// frmHHCEntryIndexKeywords, "Node Index Entries": the index entries of a
+// node, edited by the program's dialog logic; each button goes to it and its
+// answer is shown. The program closes the dialog when OK or Cancel is done.
+export class IndexEntriesDialog {
+    constructor(api) {
+        this.api = api;
+        this.dialog = null;
+    }
+
+    show(state) {
+        if (!this.dialog)
+            this.#build(state.title);
+        this.#fill(state);
+        if (!this.dialog.open)
+            this.dialog.showModal();
+        this.text.focus();
+    }
+
+    close() {
+        if (!this.dialog)
+            return;
+        if (this.dialog.open)
+            this.dialog.close();
+        this.dialog.remove();
+        this.dialog = null;
+    }
+
+    #build(title) {
+        const dialog = element("dialog", "studio-dialog editor-dialog index-entries");
+        dialog.id = "frmHHCEntryIndexKeywords";
+        const heading = element("h2", "dialog-title", title);
+        heading.id = "frmHHCEntryIndexKeywords-title";
+        dialog.setAttribute("aria-labelledby", heading.id);
+        const body = element("div", "dialog-body");
+        this.list = element("select", "entries");
+        this.list.id = "lstIndexEntries";
+        this.list.size = 8;
+        this.list.setAttribute("aria-label", "Index entries");
+        this.text = element("input");
+        this.text.id = "txtIndexEntry";
+        this.text.type = "text";
+        this.text.setAttribute("aria-label", "Index entry");
+        const side = element("div", "entry-buttons");
+        const make = (id, label, action) => {
+            const node = button(label, () => this.#send(action));
+            node.id = id;
+            side.append(node);
+            return node;
+        };
+        this.buttons = {
+            add: make("cmdAddEntry", "Add", "add"),
+            delete: make("cmdDeleteEntry", "Delete", "delete"),
+            up: make("cmdMoveUp", "Up", "up"),
+            down: make("cmdMoveDown", "Down", "down"),
+        };
+        const fields = element("div", "entry-fields");
+        fields.append(this.text, this.list);
+        body.append(fields, side);
+        const row = element("div", "dialog-buttons");
+        const ok = button("OK", () => this.#send("ok"), "default");
+        ok.id = "cmdOK";
+        const cancel = button("Cancel", () => this.#send("cancel"));
+        cancel.id = "cmdCancel";
+        const help = button("Help", () => {});
+        help.id = "cmdHelp";
+        help.disabled = true;
+        row.append(ok, cancel, help);
+        dialog.append(heading, body, row);
+        this.list.addEventListener("change", () => this.#send("select"));
+        this.text.addEventListener("keydown", (event) => {
+            if (event.key === "Enter") {
+                event.preventDefault();
+                this.#send("add");
+            }
+        });
+        dialog.addEventListener("cancel", (event) => {
+            event.preventDefault();
+            this.#send("cancel");
+        });
+        document.body.append(dialog);
+        this.dialog = dialog;
+    }
+
+    #fill(state) {
+        this.list.replaceChildren(...state.entries.map((entry, index) => {
+            const option = element("option", "", entry);
+            option.value = String(index);
+            option.selected = state.selected === index;
+            return option;
+        }));
+        this.text.value = state.text;
+        for (const [name, node] of Object.entries(this.buttons))
+            node.disabled = !state.buttons[name];
+        // Something typed can always be added.
+        this.buttons.add.disabled = false;
+    }
+
+    async #send(action) {
+        if (!this.dialog)
+            return;
+        const selected = this.list.selectedIndex < 0 ? null : this.list.selectedIndex;
+        let state;
+        try {
+            state = await this.api.indexEntries({ action, text: this.text.value, selected });
+        } catch {
+            return;
+        }
+        if (!state.open) {
+            this.close();
+            return;
+        }
+        this.#fill(state);
+        if (state.textFocus || action === "add")
+            this.text.focus();
+    }
+}
+

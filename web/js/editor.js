@@ -8,7 +8,7 @@ import { ApiError } from "./api.js";
 import { editorApi } from "./editor-api.js";
 import { button, confirmBox, element, messageBox } from "./editor-dialogs.js";
 import { HTMLEdit } from "./editor-htmledit.js";
-import { ProjectTools } from "./editor-tools.js";
+import { IndexEntriesDialog, ProjectTools } from "./editor-tools.js";
 import { EditorTree } from "./editor-tree.js";
 import { onStudioEvent } from "./events.js";
 
@@ -101,6 +101,7 @@ class HelpEditorPanel {
         this.queue = Promise.resolve();
         this.closedByProgram = false;
         this.tools = new ProjectTools(editorApi, (state) => this.apply(state));
+        this.indexEntries = new IndexEntriesDialog(editorApi);
 
         this.tree = new EditorTree({
             select: (key) => this.act((page) => editorApi.select(key, page)),
@@ -518,17 +519,24 @@ export function registerEditor(mainArea) {
             };
         },
     });
-    // Opens (or brings forward, which reads its state again) the panel.
-    const show = () => {
+    // Opens the panel, or reads the open one's state again; it comes to the
+    // front when it is new or asked to (another panel, a help the editor
+    // opened, stays in front otherwise).
+    const show = (toFront) => {
         const existing = mainArea.find(KIND, KEY);
-        mainArea.open(KIND, {});
-        if (!existing)
+        if (!existing) {
+            mainArea.open(KIND, {});
             editorPanel?.refresh();
+        } else if (toFront) {
+            mainArea.open(KIND, {});
+        } else {
+            editorPanel?.refresh();
+        }
         return editorPanel;
     };
     onStudioEvent("editor", (event) => {
         if (event.open)
-            show();
+            show(event.focus === true);
         else
             editorPanel?.closeFromProgram();
     });
@@ -544,6 +552,8 @@ export function registerEditor(mainArea) {
     onStudioEvent("editor-dialog", (event) => {
         if (event.dialog === "word-export")
             editorPanel?.wordExport(event.target);
+        else if (event.dialog === "index-entries")
+            event.closed ? editorPanel?.indexEntries.close() : editorPanel?.indexEntries.show(event);
     });
     onStudioEvent("run", (event) => {
         if (event.state === "ended")
@@ -555,7 +565,7 @@ export function registerEditor(mainArea) {
         try {
             const state = await editorApi.state();
             if (state.open)
-                show();
+                show(false);
             else
                 editorPanel?.closeFromProgram();
         } catch {
