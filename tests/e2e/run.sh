@@ -29,5 +29,5 @@ if [[ -n "$generated_help" ]]; then
 fi
 if [[ "$studio" == 1 ]]; then
   SCRIVANT_BUILD_DIR="$build" node --test studio.test.mjs
-  SCRIVANT_BUILD_DIR="$build" node --test editor.test.mjs editor-source-view.test.mjs
+  SCRIVANT_BUILD_DIR="$build" node --test editor.test.mjs editor-logic.test.mjs
 fi

@@ -50,7 +50,8 @@ export function modal(title, className, build) {
 
 // A message with buttons [{ label, value }]; answers the value of the button
 // pressed (null on Escape).
-export function messageBox(text, { title = "Scrivant Add-In", icon = "information", buttons } = {}) {
+// defaultIndex: the button that has the focus.
+export function messageBox(text, { title = "Scrivant Add-In", icon = "information", buttons, defaultIndex = 0 } = {}) {
     const shown = buttons || [{ label: "OK", value: "ok" }];
     return modal(title, "message-box", (dialog, close) => {
         const body = element("div", "dialog-body");
@@ -60,7 +61,7 @@ export function messageBox(text, { title = "Scrivant Add-In", icon = "informatio
         const row = element("div", "dialog-buttons");
         shown.forEach((entry, index) => {
             const node = button(entry.label, () => close(entry.value));
-            if (index === 0)
+            if (index === defaultIndex)
                 node.autofocus = true;
             row.append(node);
         });

@@ -248,6 +248,14 @@ export class HTMLEdit {
         return { text: doctypeOf(doc) + doc.documentElement.outerHTML, source: false };
     }
 
+    // The page has no body text.
+    isEmpty() {
+        if (this.mode === "html")
+            return isEmptyPageText(this.source.Text);
+        const body = this.document?.body;
+        return !body || (body.innerText.trim() === "" && !body.querySelector("img, table, hr"));
+    }
+
     // The page to send with a request when it changed since the program had it.
     pendingPage() {
         if (!this.dirty)
@@ -792,6 +800,14 @@ function normalizedTarget(target) {
     if (hash >= 0 && text.lastIndexOf(".") < hash)
         text = text.slice(0, hash);
     return text.replace(/\\/g, "/").toLowerCase();
+}
+
+// Whether a page's text has nothing in its body: no text, picture, table or rule.
+export function isEmptyPageText(text) {
+    const body = /<body[^>]*>([\s\S]*)<\/body>/i.exec(text);
+    const inner = body ? body[1] : text.replace(/<head[\s\S]*<\/head>/i, "");
+    const words = inner.replace(/<!--[\s\S]*?-->/g, "").replace(/<[^>]*>/g, "").replace(/&nbsp;/gi, " ");
+    return words.trim() === "" && !/<(img|table|hr)\b/i.test(inner);
 }
 
 // A caret inside a tag goes behind the tag, so that the marker does not break it.

@@ -214,6 +214,11 @@ class HelpEditorPanel {
     }
 
     async save() {
+        if (this.page.isEmpty()) {
+            const go = await confirmBox(`Save empty document as ${this.page.path}?`, { defaultIndex: 1 });
+            if (!go)
+                return false;
+        }
         const state = await this.act((page) => editorApi.save(page || this.page.pageText()));
         if (state?.saved)
             this.page.handedOver(true);

@@ -1,7 +1,9 @@
-// The source view's colouring without a browser: the one-pass colouring of a
-// page's text and the state machine that colours what is typed.
+// The page editor's rules that need no browser: the source view's one-pass
+// colouring and the state machine that colours what is typed, and the links,
+// addresses and caret of the page editor.
 import { describe, test } from "node:test";
 import assert from "node:assert/strict";
+import { caretOutsideTag, isEmptyPageText, pathOfEditUrl, relativeLink } from "../../web/js/editor-htmledit.js";
 import { CColorHTML, Colors, cssColor, lineAndColumn, RichTextModel } from "../../web/js/source-view-model.js";
 
 const { text: BLACK, tag: BLUE, value: PURPLE, comment: TEAL, script: RED } = Colors;
@@ -173,5 +175,38 @@ describe("inserting tags and reading the caret", () => {
         assert.equal(cssColor(BLUE), "rgb(0, 0, 160)");
         assert.equal(cssColor(RED), "rgb(128, 0, 0)");
         assert.equal(cssColor(PURPLE), "rgb(128, 0, 128)");
+    });
+});
+
+describe("links and addresses of the page editor", () => {
+    test("a link goes from the page's folder to the file, encoded", () => {
+        assert.equal(relativeLink("/h/CHM/a.htm", "/h/CHM/b.htm"), "b.htm");
+        assert.equal(relativeLink("/h/CHM/a.htm", "/h/CHM/images/x y.png"), "images/x%20y.png");
+        assert.equal(relativeLink("/h/CHM/a.htm", "/h/other/c#d.htm"), "../other/c%23d.htm");
+        assert.equal(relativeLink("/h/CHM/sub/a.htm", "/h/CHM/b.htm"), "../b.htm");
+        assert.equal(relativeLink("/h/CHM/~temp.htp", "/h/CHM/b.htm"), "b.htm", "the temporary page stands for the page");
+    });
+
+    test("an address of the page editor names its file and bookmark; others name none", () => {
+        globalThis.location = new URL("http://127.0.0.1:5000/");
+        assert.deepEqual(pathOfEditUrl("http://127.0.0.1:5000/edit/h/CHM/a%20b.htm#Part_1"),
+            { path: "/h/CHM/a b.htm", hash: "Part_1" });
+        assert.deepEqual(pathOfEditUrl("/edit/h/x.htm"), { path: "/h/x.htm", hash: "" });
+        assert.deepEqual(pathOfEditUrl("http://localhost:5000/edit/h/x.htm"), { path: "", hash: "" });
+        assert.deepEqual(pathOfEditUrl("http://127.0.0.1:5000/files/h/x.htm"), { path: "", hash: "" });
+        assert.deepEqual(pathOfEditUrl("not a url at all: ::"), { path: "", hash: "" });
+    });
+
+    test("the caret's marker never goes inside a tag", () => {
+        const text = '<p class="x">text</p>';
+        assert.equal(caretOutsideTag(text, 5), text.indexOf(">") + 1);
+        assert.equal(caretOutsideTag(text, text.indexOf("ext")), text.indexOf("ext"));
+        assert.equal(caretOutsideTag("<p", 2), 2, "an unclosed tag keeps the caret");
+    });
+
+    test("an empty page is one whose body holds no text, picture, table or rule", () => {
+        assert.equal(isEmptyPageText("<html><head><title>T</title></head><body><p>&nbsp;</p><!-- x --></body></html>"), true);
+        assert.equal(isEmptyPageText("<html><body><p>a</p></body></html>"), false);
+        assert.equal(isEmptyPageText("<html><body><img src=a.png></body></html>"), false);
     });
 });
