@@ -225,6 +225,9 @@ void InstallEditorRoutes(httplib::Server& http, EventLoop& loop, StudioShell& sh
             return editor.Drop(body, body.value("source", ""), body.value("target", ""));
         });
     });
+    http.Post("/api/editor/hold", [routes](Request request, Response response) {
+        routes->Act(request, response, [](EditorSession& editor, const json& body) { return editor.Hold(body); });
+    });
     http.Post("/api/editor/save", [routes](Request request, Response response) {
         routes->Act(request, response, [](EditorSession& editor, const json& body) { return editor.Save(body); });
     });

@@ -28,6 +28,7 @@ class StudioShell;
 //   POST /api/editor/menu      {item}       an item of the tree's popup menu
 //   POST /api/editor/rename    {text} | {cancel: true}
 //   POST /api/editor/drop      {source, target}
+//   POST /api/editor/hold                   the editor takes the page the request carries
 //   POST /api/editor/save                   the page the request carries is saved
 //   POST /api/editor/navigated {path}       the page editor followed a link
 //   POST /api/editor/source    {html}       the source view's text: {"text"}

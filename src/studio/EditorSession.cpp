@@ -435,6 +435,11 @@ json EditorSession::Drop(const json& request, const std::string& sourceKey, cons
     return Step(request, [&] { m_editor->TreeMenu().OLEDragDrop(sourceKey, targetKey); });
 }
 
+json EditorSession::Hold(const json& request)
+{
+    return Step(request, [] {});
+}
+
 json EditorSession::Save(const json& request)
 {
     bool saved = false;

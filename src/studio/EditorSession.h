@@ -76,6 +76,9 @@ public:
     nlohmann::json Rename(const nlohmann::json& request, const std::optional<std::string>& text);
     // A node dropped on another.
     nlohmann::json Drop(const nlohmann::json& request, const std::string& sourceKey, const std::string& targetKey);
+    // Only takes the page the request carries (the person left the page for
+    // something else, which may want it).
+    nlohmann::json Hold(const nlohmann::json& request);
     // Saves the page the request carries; "saved" in the answer says whether it was.
     nlohmann::json Save(const nlohmann::json& request);
     // The page editor followed a link to path (a "#" part is the bookmark).

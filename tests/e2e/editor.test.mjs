@@ -254,7 +254,8 @@ describe("the Help Editor on a new help project", () => {
         await page.keyboard.type(" a < b -->");
         assert.equal(await page.locator(".source-view span").filter({ hasText: /^<!-- a < b -->$/ }).getAttribute("data-color"),
             "8421440");
-        await waitForStatus(page, "Dirty", "Dirty");
+        await waitForStatus(page, "Dirty", "\\*");
+        assert.match(await statusPanel(page, "Position"), /^Line: \d+, Col: \d+$/);
         // One step per typed character; "<!" took two.
         for (let step = 0; step < 12; ++step)
             await page.locator(".source-view").press("Control+z");

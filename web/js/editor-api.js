@@ -17,6 +17,7 @@ export const editorApi = {
     menu: (item, page) => postJson("/api/editor/menu", withPage({ item }, page)),
     rename: (text, page) => postJson("/api/editor/rename", withPage(text === null ? { cancel: true } : { text }, page)),
     drop: (source, target, page) => postJson("/api/editor/drop", withPage({ source, target }, page)),
+    hold: (page) => postJson("/api/editor/hold", withPage({}, page)),
     save: (page) => postJson("/api/editor/save", withPage({}, page)),
     navigated: (path, page) => postJson("/api/editor/navigated", withPage({ path }, page)),
     sourceText: (html) => postJson("/api/editor/source", { html }),

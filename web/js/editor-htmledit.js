@@ -99,6 +99,9 @@ export class HTMLEdit {
         this.popup.hidden = true;
         this.element.append(this.frame, this.source.element, this.popup);
         this.frame.addEventListener("load", () => this.#loaded());
+        // Leaving the page for the tree, a menu or a dialog hands its text over.
+        this.frame.addEventListener("blur", () => this.host.left?.());
+        this.source.element.addEventListener("blur", () => this.host.left?.());
         document.addEventListener("click", (event) => {
             if (!this.popup.contains(event.target))
                 this.popup.hidden = true;
@@ -612,6 +615,12 @@ export class HTMLEdit {
         if (this.isDirty) {
             event.preventDefault();
             this.#stopIfUnsaved();
+            return;
+        }
+        // A page of the web opens beside the studio, not in the page editor.
+        if (/^https?:/i.test(link.href) && !pathOfEditUrl(link.href).path) {
+            event.preventDefault();
+            window.open(link.href, "_blank", "noopener");
         }
     }
 
@@ -763,7 +772,9 @@ export class HTMLEdit {
             texts.push({ key: "R", text: "R" });
             texts.push({ key: "ReadOnly", text: "ReadOnly" });
         }
-        texts.push({ key: "Dirty", text: this.isDirty ? "Dirty" : "" });
+        // The source view marks its own changes with "*".
+        const changed = this.mode === "html" ? "*" : "Dirty";
+        texts.push({ key: "Dirty", text: this.isDirty ? changed : "" });
         if (this.mode === "html")
             texts.push({ key: "Position", text: this.positionText || "" });
         this.host.status(texts);

@@ -117,6 +117,10 @@ class HelpEditorPanel {
             navigated: (path) => this.act((page) => editorApi.navigated(path, page)),
             changed: () => this.#showStatus(),
             save: () => this.save(),
+            left: () => {
+                if (this.page.dirty)
+                    this.act((page) => (page ? editorApi.hold(page) : editorApi.state()));
+            },
             status: (texts) => this.#setStatus(texts),
             modeChanged: () => this.#updateCommands(),
             selectionChanged: () => this.#updateToolbar(),
