@@ -167,6 +167,15 @@ void frmHelpEditor::Save_CurrentDocumentIfDirty()
     Trace("Save_CurrentDocumentIfDirty(2) -> HTMLEditor.SaveDocument, " + target);
 }
 
+void frmHelpEditor::ReloadDocument()
+{
+    if (!m_open || m_page.loadedDocUrl.empty())
+        return;
+    std::string bookmark = m_page.bookmark;
+    Open_Document(m_page.loadedDocUrl, m_page.openedFileUrl, m_page.fromTemplate);
+    m_page.bookmark = bookmark;
+}
+
 void frmHelpEditor::Open_Document(const std::string& path, const std::string& asked, bool fromTemplate)
 {
     if (m_settingUp || m_closing)

@@ -125,6 +125,8 @@ public:
     void DocumentNavigated(const std::string& path, const std::string& bookmark);
     // Saves the held page when it is dirty (nothing while setting up or closing).
     void Save_CurrentDocumentIfDirty();
+    // Reads the held page again from its file, after a tool changed the file.
+    void ReloadDocument();
 
     // --- commands ---
     // A tree menu item ("mnuCut" ...) or an editor menu command ("Recompile" ...)

@@ -335,6 +335,8 @@ std::uint32_t CScrivActions::ProcessWizardFormClosing()
             MsgBox(m_lastStatistics, msgbox::kInformation, "Help Generation Completed", "", 0,
                 "CScrivActions.ProcessWizardFormClosing");
             result = status::kOk;
+            if (Parameters().OpenHTMLEditor)
+                m_server.OpenHelpEditorForm();
             return;
         }
         agent.ProgressMeterRemove();

@@ -207,6 +207,20 @@ std::uint32_t CScrivServer::SetFocusOnHelpEditorForm()
     return 0;
 }
 
+std::uint32_t CScrivServer::OpenHelpEditorForm()
+{
+    if (FormIsLoaded(kWizardForm)) {
+        MsgBox("Please close Scrivant's Wizard form before opening Help Editor.", msgbox::kExclamation,
+            kMessageBoxTitle, "", 0, "CScrivServer.OpenHelpEditorForm");
+        return status::kAbandoned;
+    }
+    if (!m_helpEditorOpener)
+        return status::kAbandoned;
+    std::uint32_t result = status::kAbandoned;
+    std::uint32_t failure = ErrorFrame("CScrivServer.OpenHelpEditorForm", [&] { result = m_helpEditorOpener(); });
+    return failure != 0 ? failure : result;
+}
+
 std::uint32_t CScrivServer::ReloadScrivProject(const std::string& file, int mode)
 {
     std::uint32_t result = status::kAbandoned;
@@ -249,6 +263,10 @@ std::uint32_t CScrivServer::ReloadScrivProject(const std::string& file, int mode
         if (mode != 1) {
             data.ProgressBarUpdate("Loading treeview...", 3);
             result = data.ScrivEngine().LoadTreviewForActiveProject(true);
+            if (result == 0 && m_helpEditorOpener) {
+                data.ProgressBarUpdate("Opening editor form...", 4);
+                OpenHelpEditorForm();
+            }
         }
         if (mode == 1 || result == 0) {
             data.ProgressBarDispose();

@@ -56,6 +56,11 @@ public:
     std::uint32_t OpenAboutForm();
     // Gives a loaded Help Editor the focus; 0 whether or not there is one.
     std::uint32_t SetFocusOnHelpEditorForm();
+    // Opens the Help Editor on the current project through the opener that
+    // the layer showing it supplied; refused while the wizard is open.
+    // 0x8003FE09 without an opener.
+    std::uint32_t OpenHelpEditorForm();
+    void SetHelpEditorOpener(std::function<std::uint32_t()> opener) { m_helpEditorOpener = std::move(opener); }
     // Loads a project file: its settings, the project as current, and (unless
     // mode is 1) its tree. 0, or the status of the step that failed.
     std::uint32_t ReloadScrivProject(const std::string& file, int mode);
@@ -93,6 +98,7 @@ private:
     std::unique_ptr<CScrivServerAgent> m_agent;
     std::unique_ptr<CRequestQueue> m_requestQueue;
     ClientCallBack m_clientCallBack;
+    std::function<std::uint32_t()> m_helpEditorOpener;
     bool m_connected { false };
 };
 

@@ -11,6 +11,7 @@
 #include "foundation/ScrivError.h"
 #include "foundation/StringUtil.h"
 #include "studio/ChmArchive.h"
+#include "studio/EditorRoutes.h"
 #include "studio/StudioEvents.h"
 #include "studio/StudioFileAccess.h"
 #include "studio/StudioShell.h"
@@ -135,6 +136,8 @@ void StudioServer::Start(const StudioServerOptions& options)
     m_webRoot = options.webRoot;
     m_http = std::make_unique<httplib::Server>();
     m_http->new_task_queue = [] { return new httplib::ThreadPool(kHttpThreads); };
+    // Small answers go out at once rather than waiting for the browser's delayed acknowledgement.
+    m_http->set_tcp_nodelay(true);
     int port = options.port;
     if (port == 0) {
         port = m_http->bind_to_any_port("127.0.0.1");
@@ -334,6 +337,7 @@ void StudioServer::InstallRoutes()
         SendJson(response, *contents);
     });
 
+    InstallEditorRoutes(http, m_loop, m_shell, m_files, kLogicTimeout);
     http.Get("/files/.*", [this](const httplib::Request& request, httplib::Response& response) {
         ServeFile(request, response);
     });
@@ -387,7 +391,7 @@ void StudioServer::ServeWebFile(const httplib::Request& request, httplib::Respon
     response.set_header("Cache-Control", "no-cache");
     response.set_header("X-Content-Type-Options", "nosniff");
     response.set_header("Content-Security-Policy",
-        "default-src 'self'; frame-src " + guard.ContentOrigin() + "; img-src 'self' data: " + guard.ContentOrigin()
+        "default-src 'self'; frame-src 'self' " + guard.ContentOrigin() + "; img-src 'self' data: " + guard.ContentOrigin()
             + "; object-src 'none'; base-uri 'none'; form-action 'none'; frame-ancestors 'none'");
     response.set_content(std::move(*bytes), ContentTypeOf(file.string()));
 }

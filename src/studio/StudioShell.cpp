@@ -28,6 +28,7 @@
 #include "server/CScrivServer.h"
 #include "server/CScrivServerAgent.h"
 #include "server/CScrivServerData.h"
+#include "studio/EditorSession.h"
 #include "studio/StudioEvents.h"
 #include "studio/StudioFileAccess.h"
 #include "wizard/CHelpWizardForm.h"
@@ -76,6 +77,7 @@ bool IsOwnPlainFolder(const std::string& folder)
 StudioShell::StudioShell(StudioEvents& events, StudioFileAccess& files)
     : m_events(events)
     , m_files(files)
+    , m_editor(std::make_unique<EditorSession>(events, *this))
     , m_menu([this] { return TestThatHtmlWorkshopInstalled(); }, [this] { return OpenHelpTopics(); })
     , m_wizard([this]() -> CScrivServer* { return m_client ? CurrentServer() : nullptr; })
 {
@@ -118,6 +120,7 @@ void StudioShell::Connect(std::unique_ptr<IHostIDEContext> host, const std::stri
     m_client = std::make_unique<CScrivClient>();
     if (m_client->Connect(std::move(host)) != 0 || !CurrentServer())
         Raise(status::kGeneralFailure, "StudioShell.Connect", "The server could not be started.");
+    Server().SetHelpEditorOpener([this] { return m_editor->Open(); });
     CScrivServerData& data = Server().Data();
     data.LoadSettings(false);
     // The person answers the wizard's pages in the browser.
@@ -130,6 +133,8 @@ void StudioShell::Disconnect()
 {
     if (!m_client)
         return;
+    // The editor saves what it holds while the server is still there.
+    m_editor->Unload();
     m_client->Disconnect();
     m_client.reset();
 }

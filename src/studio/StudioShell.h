@@ -19,6 +19,7 @@ class IHostIDEContext;
 
 namespace scriv::studio {
 
+class EditorSession;
 class StudioEvents;
 class StudioFileAccess;
 
@@ -45,6 +46,8 @@ public:
     // Disconnects the server and the host.
     void Disconnect();
     CScrivServer& Server();
+    // The Help Editor of the studio (open or not).
+    EditorSession& Editor() { return *m_editor; }
 
     // The host of a source: a .vbp or .vbg read from its files, the source
     // project that a registered help project (.svp) documents, or a host with
@@ -124,6 +127,7 @@ private:
     StudioEvents& m_events;
     StudioFileAccess& m_files;
     std::unique_ptr<CScrivClient> m_client;
+    std::unique_ptr<EditorSession> m_editor;
     CScrivPopupMenu m_menu;
     StudioWizard m_wizard;
     std::string m_sourceFile;

@@ -30,4 +30,5 @@ fi
 if [[ "$studio" == 1 ]]; then
   SCRIVANT_BUILD_DIR="$build" node --test studio.test.mjs
   SCRIVANT_BUILD_DIR="$build" node --test wizard.test.mjs
+  SCRIVANT_BUILD_DIR="$build" node --test editor.test.mjs editor-logic.test.mjs
 fi

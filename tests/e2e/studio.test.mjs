@@ -260,6 +260,8 @@ describe("a registered help project opened again", () => {
         await list.locator("select").selectOption({ label: projectFile });
         await list.getByRole("button", { name: "OK" }).click();
         await page.locator("scriv-source-panel .help-project[data-name='OrderDesk']").waitFor();
+        // The project opens in the Help Editor.
+        await page.locator(".help-editor[data-page$='/Welcome.htm']").waitFor();
         await openHelp(page, "Open Compiled Help", ".help-viewer.compiled-help .topic-link");
         await page.locator(".help-viewer.compiled-help").getByRole("link", { name: "Order Desk", exact: true }).waitFor();
     });
@@ -267,6 +269,9 @@ describe("a registered help project opened again", () => {
     test("More Files... takes a project file typed by hand", async () => {
         await page.reload();
         await page.getByRole("button", { name: "Scrivant", exact: true }).waitFor();
+        // Another project opens only with the Help Editor closed.
+        await page.locator(".main-area .tab", { hasText: "Help Editor" }).locator(".tab-close").click();
+        await page.locator(".help-editor").waitFor({ state: "detached" });
         await chooseMenu(page, "Scrivant", "Open Help Project...");
         const list = page.locator("dialog.list-box[open]");
         await list.locator("select").selectOption({ label: "More Files..." });

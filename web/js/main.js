@@ -5,6 +5,7 @@
 import { installAboutBox } from "./about.js";
 import { studioApi } from "./api.js";
 import { installDialogs } from "./dialogs.js";
+import { registerEditor } from "./editor.js";
 import { connectEvents, onStudioEvent } from "./events.js";
 import { registerHelpViewer } from "./help-viewer.js";
 import "./main-area.js";
@@ -106,6 +107,7 @@ function contentBases() {
 
 registerHelpViewer(mainArea, contentBases);
 registerWizard(mainArea, contentBases);
+registerEditor(mainArea);
 installDialogs();
 installProgressWindow();
 installAboutBox();
