@@ -11,6 +11,7 @@
 #include "foundation/TextEncoding.h"
 #include "host/CXmlCommand.h"
 #include "host/access/CDataObjectProcessor.h"
+#include "host/excel/MsFormsFile.h"
 #include "host/vb6/Vb6FormFile.h"
 #include "host/vs/CW_IDEVSFormProcessor.h"
 #include "host/vs/WinFormDesign.h"
@@ -30,6 +31,101 @@ void SetText(DesignComponent& component, const std::string& property, const std:
     DesignValue& value = component.properties[property];
     value.kind = DesignValue::Kind::Text;
     value.text = text;
+}
+
+void SetPair(DesignComponent& component, const std::string& property, double a, double b)
+{
+    DesignValue& value = component.properties[property];
+    value.kind = DesignValue::Kind::Pair;
+    value.a = a;
+    value.b = b;
+}
+
+void SetFlag(DesignComponent& component, const std::string& property, bool flag)
+{
+    DesignValue& value = component.properties[property];
+    value.kind = DesignValue::Kind::Boolean;
+    value.flag = flag;
+}
+
+void SetNumber(DesignComponent& component, const std::string& property, double number)
+{
+    DesignValue& value = component.properties[property];
+    value.kind = DesignValue::Kind::Number;
+    value.number = number;
+    value.text = std::to_string(static_cast<long long>(number));
+}
+
+// The Windows Forms control that looks like a user form's control.
+std::string WinFormsTypeOf(const MsFormsControl& control)
+{
+    switch (control.type) {
+    case MsFormsControlType::Label: return "Label";
+    case MsFormsControlType::TextBox: return "TextBox";
+    case MsFormsControlType::ListBox: return "ListBox";
+    case MsFormsControlType::ComboBox: return "ComboBox";
+    case MsFormsControlType::CheckBox: return "CheckBox";
+    case MsFormsControlType::ToggleButton: return "CheckBox";
+    case MsFormsControlType::OptionButton: return "RadioButton";
+    case MsFormsControlType::CommandButton: return "Button";
+    case MsFormsControlType::Frame: return "GroupBox";
+    case MsFormsControlType::Image: return "PictureBox";
+    case MsFormsControlType::ScrollBar: return control.width >= control.height ? "HScrollBar" : "VScrollBar";
+    case MsFormsControlType::SpinButton: return "VScrollBar";
+    case MsFormsControlType::TabStrip: return "TabControl";
+    case MsFormsControlType::MultiPage: return "TabControl";
+    case MsFormsControlType::Page: return "TabPage";
+    }
+    return "Control";
+}
+
+// Adds the controls to the container, the first of them (the back of the form) last.
+void AddControls(WinFormDesign& design, DesignComponent& container, const std::vector<MsFormsControl>& controls)
+{
+    for (auto it = controls.rbegin(); it != controls.rend(); ++it) {
+        const MsFormsControl& control = *it;
+        if (control.name.empty() || design.Find(control.name)) {
+            Trace("CW_ExcelContext: a control without a name of its own is left out: " + control.name);
+            continue;
+        }
+        DesignComponent& component = design.Create(control.name, "System.Windows.Forms." + WinFormsTypeOf(control));
+        SetText(component, "Name", control.name);
+        bool checkable = control.type == MsFormsControlType::CheckBox || control.type == MsFormsControlType::OptionButton
+            || control.type == MsFormsControlType::ToggleButton;
+        bool editable = control.type == MsFormsControlType::TextBox || control.type == MsFormsControlType::ComboBox;
+        SetText(component, "Text", editable ? control.value : control.caption);
+        if (checkable)
+            SetFlag(component, "Checked", control.value == "1" || EqualsNoCase(control.value, "True"));
+        if (control.type == MsFormsControlType::ToggleButton) {
+            DesignValue& appearance = component.properties["Appearance"];
+            appearance.kind = DesignValue::Kind::Enum;
+            appearance.text = "Button";
+            appearance.names = { "Button" };
+        }
+        if (control.type != MsFormsControlType::Page) {
+            SetPair(component, "Location", HimetricToPixels(control.left), HimetricToPixels(control.top));
+            SetPair(component, "Size", HimetricToPixels(control.width), HimetricToPixels(control.height));
+        }
+        if (control.tabIndex >= 0)
+            SetNumber(component, "TabIndex", control.tabIndex);
+        if (!control.visible)
+            SetFlag(component, "Visible", false);
+        if (!control.enabled)
+            SetFlag(component, "Enabled", false);
+        if (!control.controlTipText.empty())
+            SetText(component, "ToolTipText", control.controlTipText);
+        component.parent = &container;
+        container.controls.push_back(&component);
+        // The pages of a tab control stay in their order.
+        if (control.type == MsFormsControlType::MultiPage) {
+            for (const MsFormsControl& page : control.children) {
+                std::vector<MsFormsControl> one { page };
+                AddControls(design, component, one);
+            }
+        } else {
+            AddControls(design, component, control.children);
+        }
+    }
 }
 
 }  // namespace
@@ -65,6 +161,11 @@ std::vector<CW_ExcelContext::UserForm> UserFormsBeside(const std::string& workbo
             userForm.name = name.empty() ? form.Form().Name() : name;
             userForm.caption = form.Form().Text("Caption");
             userForm.path = folder + file;
+            if (const Vb6Property* blob = form.Form().FindProperty("OleObjectBlob"))
+                if (std::optional<Vb6FrxReference> frx = blob->Frx()) {
+                    userForm.frxPath = FindPathNoCase(JoinPath(folder, ToNativePath(frx->fileName)));
+                    userForm.frxOffset = frx->offset;
+                }
             userForm.width = static_cast<int>(form.Form().Number("ClientWidth", 3600) / 15 + 0.5);
             userForm.height = static_cast<int>(form.Form().Number("ClientHeight", 2700) / 15 + 0.5);
             forms.push_back(std::move(userForm));
@@ -143,8 +244,31 @@ WinFormDesign& CW_ExcelContext::DesignOf(UserForm& form)
             flag.kind = DesignValue::Kind::Boolean;
             flag.flag = false;
         }
+        AddUserFormControls(form);
     }
     return *form.design;
+}
+
+void CW_ExcelContext::AddUserFormControls(UserForm& form)
+{
+    if (form.frxPath.empty() || !FileExists(form.frxPath)) {
+        Trace("CW_ExcelContext: the user form " + form.name + " has no .frx with its controls");
+        return;
+    }
+    MsFormsForm controls;
+    try {
+        controls = MsFormsFile::Load(form.frxPath, form.frxOffset);
+    } catch (const ScrivError& error) {
+        Trace("CW_ExcelContext: the controls of " + form.name + " are not drawn: " + error.Description());
+        return;
+    }
+    DesignComponent& root = form.design->Form();
+    // User forms write in Tahoma 8 unless they name another font.
+    DesignValue& font = root.properties["Font"];
+    font.kind = DesignValue::Kind::Font;
+    font.text = controls.fontName.empty() ? "Tahoma" : controls.fontName;
+    font.number = controls.fontSize > 0 ? controls.fontSize : 8;
+    AddControls(*form.design, root, controls.controls);
 }
 
 void CW_ExcelContext::CloseComponent(int objType, const std::string& objName, bool saveFlag)

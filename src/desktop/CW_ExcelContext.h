@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <memory>
 #include <string>
 #include <vector>
@@ -15,14 +16,17 @@ class WinFormDesign;
 // VBA project exported beside it (.frm with .frx). It lists the worksheets,
 // charts and user forms, answers each worksheet's range in use as a table and
 // what each chart shows, and draws a user form as a dialog window with its
-// caption and size. The controls of a user form are kept by Excel in the
-// binary part of the export (the .frx), which is not read.
+// caption, size and the controls that the binary part of its export (the
+// .frx) keeps, drawn as the Windows Forms controls that look like them.
 class CW_ExcelContext : public CHostContextBase {
 public:
     struct UserForm {
         std::string name;
         std::string caption;
         std::string path;
+        // The .frx that keeps the controls, and where in it; "" for none.
+        std::string frxPath;
+        std::uint32_t frxOffset { 0 };
         // Client size in pixels.
         int width { 0 };
         int height { 0 };
@@ -88,6 +92,9 @@ protected:
 private:
     CW_ExcelContext() = default;
     WinFormDesign& DesignOf(UserForm& form);
+    // Adds the controls that the form's .frx keeps to its design; a form
+    // without one, or whose .frx cannot be read, keeps its empty face.
+    void AddUserFormControls(UserForm& form);
 
     XlsxWorkbook m_workbook;
     std::vector<UserForm> m_forms;

@@ -102,10 +102,12 @@ public:
     // The class of the form, from the code around InitializeComponent.
     const std::string& FormClass() const { return m_formClass; }
     bool HasInitializeComponent() const { return m_found; }
+    // Adds a component of that field name and full type ("System.Windows.Forms.Button");
+    // the caller places it in a container.
+    DesignComponent& Create(const std::string& name, const std::string& fullType);
 
 private:
     friend class DesignerStatementReader;
-    DesignComponent& Create(const std::string& name, const std::string& fullType);
 
     std::unique_ptr<DesignComponent> m_form;
     std::vector<std::unique_ptr<DesignComponent>> m_components;
