@@ -2,8 +2,12 @@
 
 #include <zip.h>
 
+#include <algorithm>
+#include <map>
+
 #include "desktop/CW_ExcelContext.h"
 #include "desktop/RenderedWindows.h"
+#include "foundation/Paths.h"
 #include "host/CXmlCommand.h"
 #include "host/excel/CSourceProjectMSExcel.h"
 #include "model/IHelpPrjSourceProject.h"
@@ -135,6 +139,68 @@ TEST_F(ExcelHostTest, ANameWithADoubleQuoteIsAnnouncedAndSkipped)
     ASSERT_EQ(source->Forms().Count(), 2u);
     EXPECT_EQ(source->Forms().At(0).value->FormCaption, "frmPlain");
     EXPECT_EQ(source->Forms().At(1).value->FormCaption, "Choose a plan");
+}
+
+TEST_F(ExcelHostTest, AUserFormsControlsAreWalkedAndDrawnFromItsFrx)
+{
+    std::string folder = test::CopyExample("ExcelDemo", m_work);
+    ConnectHost(CW_ExcelContext::Open(folder + "SalesReport.xlsm"));
+    IHostAgent& agent = Data().Agent();
+    ProcessComponentRequest request;
+    request.objectType = 2;
+    request.componentName = "frmFilter";
+    request.sourceProjectTypeName = "MS EXCEL";
+    CXmlForm form;
+    ASSERT_TRUE(form.LoadXml(agent.ProcessComponent(request)));
+    std::map<std::string, const CXmlControl*> controls;
+    for (const CXmlControl* control : form.AllControls())
+        controls[control->Name] = control;
+    for (const char* name : { "lblRegions", "lstRegions", "fraPeriod", "optYear", "optQuarter", "chkTotals", "txtTitle",
+             "cmdApply", "cmdCancel" })
+        EXPECT_TRUE(controls.count(name)) << name;
+    ASSERT_TRUE(controls.count("cmdApply") && controls.count("optQuarter"));
+    EXPECT_EQ(controls["cmdApply"]->Text, "Apply");
+    EXPECT_EQ(controls["cmdApply"]->Left, 156);
+    EXPECT_EQ(controls["cmdApply"]->Top, 190);
+    EXPECT_EQ(controls["cmdApply"]->Width, 76);
+    EXPECT_EQ(controls["cmdApply"]->Height, 26);
+    EXPECT_EQ(controls["cmdApply"]->TabIndex, 5);
+    // The option buttons stand in the frame, placed in it.
+    ASSERT_TRUE(controls.count("fraPeriod"));
+    std::vector<std::string> inFrame;
+    for (const auto& entry : controls["fraPeriod"]->Controls())
+        inFrame.push_back(entry.value->Name);
+    std::sort(inFrame.begin(), inFrame.end());
+    EXPECT_EQ(inFrame, (std::vector<std::string> { "optQuarter", "optYear" }));
+    EXPECT_EQ(controls["optQuarter"]->Text, "Last quarter");
+    EXPECT_EQ(controls["optQuarter"]->Left, 8);
+    EXPECT_EQ(controls["optQuarter"]->Top, 40);
+}
+
+TEST_F(ExcelHostTest, AUserFormWithoutOrWithADamagedFrxKeepsItsEmptyFace)
+{
+    std::string book = m_work / "Book.xlsx";
+    WriteWorkbook(book, { "Plan" });
+    m_work.Write("frmAlone.frm", UserForm("frmAlone", ""));
+    m_work.Write("frmBroken.frm", UserForm("frmBroken", ""));
+    m_work.Write("frmBroken.frx", std::string("LB\x08\0\x10\0\0\0", 8) + std::string(16, '\0') + "not a compound file");
+    ConnectHost(CW_ExcelContext::Open(book));
+    IHostAgent& agent = Data().Agent();
+    for (const char* name : { "frmAlone", "frmBroken" }) {
+        ProcessComponentRequest request;
+        request.objectType = 2;
+        request.componentName = name;
+        request.sourceProjectTypeName = "MS EXCEL";
+        CXmlForm form;
+        ASSERT_TRUE(form.LoadXml(agent.ProcessComponent(request))) << name;
+        EXPECT_EQ(form.Controls().Count(), 0u) << name;
+        agent.ActivateComponent(2, name, false, false);
+        ASSERT_NE(RenderedWindows().Find(form.hWnd), nullptr) << name;
+        EXPECT_EQ(RenderedWindows().Find(form.hWnd)->form.picture.Width(), 200 + 8) << name;
+    }
+    std::string trace = ReadFileText(TraceLog().Folder() + "trace.xml.txt").value_or("");
+    EXPECT_NE(trace.find("frmAlone has no .frx"), std::string::npos) << trace;
+    EXPECT_NE(trace.find("frmBroken.frx holds no compound file"), std::string::npos) << trace;
 }
 
 TEST_F(ExcelHostTest, OnlyTheExcelTypeIsReadByTheWorkbookReader)
