@@ -3,6 +3,7 @@
 // on the controls the renderer drew.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <map>
 #include <regex>
 #include <string>
@@ -16,6 +17,7 @@
 #include "foundation/StringUtil.h"
 #include "foundation/System.h"
 #include "host/access/CW_AccessFormProcessor.h"
+#include "host/excel/MsFormsFile.h"
 #include "support/TestSupport.h"
 
 namespace scriv {
@@ -169,6 +171,73 @@ TEST(OfficeExamples, AWorkbooksWorksheetsChartsAndFormsHaveTopics)
     std::optional<Picture> picture = DecodePicture(ReadFileText(help + "images/SalesReport_Form_frmFilter.png").value_or(""));
     ASSERT_TRUE(picture);
     EXPECT_EQ(picture->Width(), 320 + 8);
+
+    // The topic has a section for every control of the form's .frx, and each
+    // area of the form's map and of the frame's lies on its control.
+    MsFormsForm controls = MsFormsFile::Load(app + "frmFilter.frx");
+    std::map<std::string, const MsFormsControl*> byName;
+    for (const MsFormsControl& control : controls.controls) {
+        byName[control.name] = &control;
+        for (const MsFormsControl& child : control.children)
+            byName[child.name] = &child;
+    }
+    ASSERT_EQ(byName.size(), 9u);
+    // A label is no section of its own: its caption names the list below it.
+    for (const auto& [name, control] : byName)
+        if (control->type != MsFormsControlType::Label)
+            EXPECT_NE(form.find("<a name=\"frmFilter_" + name + "\">"), std::string::npos) << name;
+    EXPECT_NE(form.find("<a name=\"frmFilter_lstRegions\">Regions</a>"), std::string::npos);
+    for (const char* caption : { "Apply", "Cancel", "Whole year", "Last quarter", "Show totals" })
+        EXPECT_NE(form.find(caption), std::string::npos) << caption;
+    std::map<std::string, std::vector<Area>> maps = MapsOf(form);
+    ASSERT_EQ(maps.size(), 2u);
+    ASSERT_TRUE(maps.count("frmFilter") && maps.count("frmFilter_fraPeriod"));
+    std::optional<Picture> framePicture
+        = DecodePicture(ReadFileText(help + "images/SalesReport_Form_frmFilter_fraPeriod.png").value_or(""));
+    ASSERT_TRUE(framePicture);
+    int offsetX = -1;
+    int offsetY = -1;
+    int areas = 0;
+    for (const auto& [mapName, mapAreas] : maps) {
+        const Picture& shown = mapName == "frmFilter" ? *picture : *framePicture;
+        for (const Area& area : mapAreas) {
+            std::string name = area.href.substr(std::string("frmFilter_").size());
+            ASSERT_TRUE(byName.count(name)) << area.href;
+            const MsFormsControl& control = *byName[name];
+            EXPECT_GE(area.left, 0) << name;
+            EXPECT_GE(area.top, 0) << name;
+            EXPECT_LE(area.right, shown.Width()) << name;
+            EXPECT_LE(area.bottom, shown.Height()) << name;
+            // The form's picture has the window frame and caption around the
+            // client area, the same for every control; the frame's has none.
+            int left = HimetricToPixels(control.left);
+            int top = HimetricToPixels(control.top);
+            if (mapName == "frmFilter" && offsetX < 0) {
+                offsetX = area.left - left;
+                offsetY = area.top - top;
+                EXPECT_GT(offsetX, 0);
+                EXPECT_GT(offsetY, 15);
+            }
+            int dx = mapName == "frmFilter" ? offsetX : 0;
+            int dy = mapName == "frmFilter" ? offsetY : 0;
+            EXPECT_EQ(area.left, left + dx) << name;
+            EXPECT_EQ(area.top, top + dy) << name;
+            EXPECT_EQ(area.right, left + HimetricToPixels(control.width) + dx) << name;
+            EXPECT_EQ(area.bottom, top + HimetricToPixels(control.height) + dy) << name;
+            ++areas;
+        }
+    }
+    EXPECT_EQ(areas, 8);
+    // Inside the Apply button its caption is drawn on the face.
+    const std::vector<Area>& formAreas = maps["frmFilter"];
+    auto apply = std::find_if(formAreas.begin(), formAreas.end(), [](const Area& area) { return area.href == "frmFilter_cmdApply"; });
+    ASSERT_NE(apply, formAreas.end());
+    Rgb face = picture->Pixel(apply->left + 3, apply->top + 3);
+    int inked = 0;
+    for (int y = apply->top + 3; y < apply->bottom - 3; ++y)
+        for (int x = apply->left + 3; x < apply->right - 3; ++x)
+            inked += !(picture->Pixel(x, y) == face);
+    EXPECT_GT(inked, 20);
     std::string contents = Page(help, "SalesReport.hhc");
     for (const char* topic : { "Worksheets", "Charts", "Forms", "Sales", "Customers", "Trend", "Filter the Sales" })
         EXPECT_NE(contents.find(std::string("value=\"") + topic + "\""), std::string::npos) << topic;
