@@ -84,12 +84,12 @@ void AddControls(WinFormDesign& design, DesignComponent& container, const std::v
 {
     for (auto it = controls.rbegin(); it != controls.rend(); ++it) {
         const MsFormsControl& control = *it;
-        if (control.name.empty() || design.Find(control.name)) {
-            Trace("CW_ExcelContext: a control without a name of its own is left out: " + control.name);
-            continue;
-        }
-        DesignComponent& component = design.Create(control.name, "System.Windows.Forms." + WinFormsTypeOf(control));
-        SetText(component, "Name", control.name);
+        // Pages of different multipages may share a name; the design needs one name each.
+        std::string name = control.name.empty() ? MsFormsTypeName(control.type) : control.name;
+        for (int n = 2; design.Find(name); ++n)
+            name = (control.name.empty() ? MsFormsTypeName(control.type) : control.name) + "_" + std::to_string(n);
+        DesignComponent& component = design.Create(name, "System.Windows.Forms." + WinFormsTypeOf(control));
+        SetText(component, "Name", name);
         bool checkable = control.type == MsFormsControlType::CheckBox || control.type == MsFormsControlType::OptionButton
             || control.type == MsFormsControlType::ToggleButton;
         bool editable = control.type == MsFormsControlType::TextBox || control.type == MsFormsControlType::ComboBox;
@@ -108,7 +108,8 @@ void AddControls(WinFormDesign& design, DesignComponent& container, const std::v
         }
         if (control.tabIndex >= 0)
             SetNumber(component, "TabIndex", control.tabIndex);
-        if (!control.visible)
+        // The pages a multipage does not show are hidden in the file, not on the form.
+        if (!control.visible && control.type != MsFormsControlType::Page)
             SetFlag(component, "Visible", false);
         if (!control.enabled)
             SetFlag(component, "Enabled", false);
@@ -121,6 +122,14 @@ void AddControls(WinFormDesign& design, DesignComponent& container, const std::v
             for (const MsFormsControl& page : control.children) {
                 std::vector<MsFormsControl> one { page };
                 AddControls(design, component, one);
+            }
+        } else if (control.type == MsFormsControlType::TabStrip) {
+            for (const std::string& tab : control.tabs) {
+                MsFormsControl page;
+                page.type = MsFormsControlType::Page;
+                page.name = control.name + "Tab";
+                page.caption = tab;
+                AddControls(design, component, { page });
             }
         } else {
             AddControls(design, component, control.children);

@@ -451,15 +451,22 @@ void ReadTabStrip(Reader& reader, MsFormsControl& control)
 {
     std::size_t end = ReadControlHeader(reader, "a tab strip's properties");
     std::uint32_t mask = reader.U32("a tab strip's mask");
+    std::uint32_t items = 0;
     ReadDataBlock(reader, mask,
-        { { 0, 4, nullptr }, { 1, 4, nullptr }, { 2, 4, nullptr }, { 5, 4, nullptr }, { 6, 1, nullptr },
+        { { 0, 4, nullptr }, { 1, 4, nullptr }, { 2, 4, nullptr }, { 5, 4, &items }, { 6, 1, nullptr },
             { 8, 4, nullptr }, { 9, 4, nullptr }, { 11, 4, nullptr }, { 12, 4, nullptr }, { 15, 4, nullptr },
             { 17, 4, nullptr }, { 18, 4, nullptr }, { 20, 4, nullptr }, { 21, 4, nullptr }, { 22, 4, nullptr },
             { 23, 4, nullptr }, { 24, 2, nullptr } },
         "a tab strip's properties");
     if (mask & 1u << 4)
         ReadSize(reader, control);
-    CheckEnd(reader, end, "a tab strip's properties");
+    // The tabs' captions: each its size and flag, then its text.
+    std::size_t itemsEnd = reader.Pos() + items;
+    if (itemsEnd > end)
+        throw Damaged { "a tab strip's captions longer than its properties" };
+    while (reader.Pos() < itemsEnd)
+        control.tabs.push_back(reader.String(reader.U32("a tab's caption"), "a tab's caption"));
+    CheckEnd(reader, itemsEnd, "a tab strip's captions");
 }
 
 class FormReader {
@@ -547,16 +554,25 @@ private:
         control.height = form.height;
         control.children = Controls(*storage, form, depth + 1);
         if (control.type == MsFormsControlType::MultiPage) {
+            // A multipage keeps its pages' captions in a tab strip of its own.
+            std::vector<std::string> captions;
             std::erase_if(control.children, [&](const MsFormsControl& child) {
                 if (child.type == MsFormsControlType::Page)
                     return false;
-                Trace("MsFormsFile: " + m_source + ": " + child.name + " of " + control.name
-                    + " is no page and is left out");
+                if (child.type == MsFormsControlType::TabStrip && captions.empty())
+                    captions = child.tabs;
+                else
+                    Trace("MsFormsFile: " + m_source + ": " + child.name + " of " + control.name
+                        + " is no page and is left out");
                 return true;
             });
-            for (MsFormsControl& page : control.children)
+            for (std::size_t i = 0; i < control.children.size(); ++i) {
+                MsFormsControl& page = control.children[i];
+                if (i < captions.size())
+                    page.caption = captions[i];
                 if (page.caption.empty())
                     page.caption = page.name;
+            }
         }
     }
 

@@ -49,6 +49,8 @@ struct MsFormsControl {
     std::string value;
     std::string tag;
     std::string controlTipText;
+    // The captions of a tab strip's tabs.
+    std::vector<std::string> tabs;
     // The controls of a frame or page, the pages of a multipage.
     std::vector<MsFormsControl> children;
 };
