@@ -76,7 +76,8 @@ std::string FormStream(const std::vector<std::string>& sites)
     for (const std::string& site : sites)
         list += site;
     std::string depths = sites.size() > 1 ? std::string { '\0', static_cast<char>(0x80 | sites.size()), 1 }
-                                          : std::string { '\0', 1 };
+        : sites.size() == 1                 ? std::string { '\0', 1 }
+                                            : std::string();
     while (depths.size() % 4)
         depths += '\0';
     std::string counts;
@@ -233,6 +234,58 @@ TEST_F(MsFormsFileTest, ControlsOfUnknownClassesAndFramesWithoutStorageAreLeftOu
     std::string trace = TraceText();
     EXPECT_NE(trace.find("mixed.frx: the control ctlChart is left out: a control of class 32768"), std::string::npos) << trace;
     EXPECT_NE(trace.find("mixed.frx: the control fraLost is left out: no storage i2"), std::string::npos) << trace;
+}
+
+// A tab strip's properties with the captions of its tabs, each padded to four bytes.
+std::string TabStripObject(const std::vector<std::string>& captions)
+{
+    Bytes items;
+    for (const std::string& caption : captions)
+        items.Put(caption.size() | kCompressed, 4).Raw(caption).Pad();
+    Bytes body;
+    body.Put(0x30, 4).Put(items.data.size(), 4).Put(9525, 4).Put(5080, 4).Raw(items.data);
+    Bytes object;
+    object.Put(0, 1).Put(2, 1).Put(body.data.size(), 2).Raw(body.data);
+    return object.data;
+}
+
+TEST_F(MsFormsFileTest, AMultipagesPagesTakeTheCaptionsOfItsTabStrip)
+{
+    std::string strip = TabStripObject({ "General", "Zone tampon" });
+    std::string label = LabelObject("On the second page", 18 | kCompressed);
+    CompoundStorage storage;
+    storage.streams["f"] = FormStream({ Site("mpgMain", 5, 57, 0, 254, 254) });
+    CompoundStorage& multipage = storage.storages["i5"];
+    multipage.streams["f"] = FormStream({ Site("", 6, 18, strip.size(), 0, 0), Site("pagGeneral", 7, 7, 0, 0, 0),
+        Site("pagZone", 8, 7, 0, 0, 0) });
+    multipage.streams["o"] = strip;
+    multipage.storages["i7"].streams["f"] = FormStream({});
+    multipage.storages["i8"].streams["f"] = FormStream({ Site("lblNote", 9, 21, label.size(), 127, 127) });
+    multipage.storages["i8"].streams["o"] = label;
+
+    MsFormsForm form = MsFormsFile::Parse(storage, "pages.frx");
+    ASSERT_EQ(form.controls.size(), 1u);
+    const MsFormsControl& control = form.controls[0];
+    EXPECT_EQ(control.type, MsFormsControlType::MultiPage);
+    EXPECT_EQ(HimetricToPixels(control.width), 240);
+    ASSERT_EQ(control.children.size(), 2u);
+    EXPECT_EQ(control.children[0].name, "pagGeneral");
+    EXPECT_EQ(control.children[0].caption, "General");
+    EXPECT_TRUE(control.children[0].children.empty());
+    EXPECT_EQ(control.children[1].caption, "Zone tampon");
+    ASSERT_EQ(control.children[1].children.size(), 1u);
+    EXPECT_EQ(control.children[1].children[0].caption, "On the second page");
+    EXPECT_EQ(HimetricToPixels(control.children[1].children[0].left), 5);
+
+    // A tab strip standing alone keeps its tabs and its size.
+    storage = CompoundStorage();
+    storage.streams["f"] = FormStream({ Site("tabView", 1, 18, strip.size(), 0, 0) });
+    storage.streams["o"] = strip;
+    form = MsFormsFile::Parse(storage, "strip.frx");
+    ASSERT_EQ(form.controls.size(), 1u);
+    EXPECT_EQ(form.controls[0].tabs, (std::vector<std::string> { "General", "Zone tampon" }));
+    EXPECT_EQ(HimetricToPixels(form.controls[0].width), 360);
+    EXPECT_EQ(HimetricToPixels(form.controls[0].height), 192);
 }
 
 TEST_F(MsFormsFileTest, RandomBytesFailCleanly)
