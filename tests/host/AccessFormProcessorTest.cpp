@@ -198,6 +198,28 @@ TEST_F(AccessFormProcessorTest, AFormInFormViewHasItsSectionsRecordSelectorAndNa
     EXPECT_EQ(form->Sections().At(1).value->AccessFormRecordSelectorWidth, 14);
 }
 
+TEST_F(AccessFormProcessorTest, SectionsInsideTheUnnamedBlockAsAccessExportsThemAreFoundAlike)
+{
+    // Access's own export keeps the sections in the block of the controls'
+    // defaults; the form must come out as it does with them beside it.
+    std::string text = kForm;
+    const std::string defaultsEnd = "        End\n    End\n    Begin FormHeader";
+    ASSERT_NE(text.find(defaultsEnd), std::string::npos);
+    text.replace(text.find(defaultsEnd), defaultsEnd.size(), "        End\n    Begin FormHeader");
+    ASSERT_EQ(text.substr(text.size() - 4), "End\n");
+    text.insert(text.size() - 4, "    End\n");
+    auto beside = Describe();
+    m_definition = AccessDefinition::Parse(text, "frmCustomers.form");
+    auto inside = Describe();
+    ASSERT_TRUE(beside && inside);
+    ASSERT_EQ(inside->Sections().Count(), 3u);
+    EXPECT_EQ(inside->Height, beside->Height);
+    EXPECT_EQ(inside->XMLSTr(), beside->XMLSTr());
+    CXmlControl* city = Control(*inside, "City");
+    ASSERT_NE(city, nullptr);
+    EXPECT_EQ(city->Top, 40 + 20);
+}
+
 TEST_F(AccessFormProcessorTest, ControlsStandWhereTheirSectionPutsThem)
 {
     auto form = Describe();

@@ -109,6 +109,24 @@ TEST_F(AccessSourceTest, AFolderOfExportedObjectsIsAnApplication)
     EXPECT_EQ(source.DefinitionFile("form", "nothing"), "");
 }
 
+TEST_F(AccessSourceTest, AQueryExportedAsItsSqlAloneIsAQuery)
+{
+    // Version-control exports: tbldefs/NAME.sql holds a table, queries/NAME.sql a query's SQL.
+    m_app.Write("Shop/tbldefs/Items.sql", "CREATE TABLE [Items] ([Id] Long Integer);");
+    m_app.Write("Shop/queries/qryCheap.sql", "\xEF\xBB\xBFSELECT Id\r\nFROM Items\r\nWHERE Price < 5;\r\n");
+    m_app.Write("Shop/queries/qryCheap.json", "{\"Type\": \"Query\"}");
+    m_app.Write("Shop/queries/qryEmpty.sql", "");
+    m_app.Write("Shop/scripts/setup.sql", "SELECT 1;");
+    AccessSource source = AccessSource::Open(m_app / "Shop");
+    ASSERT_EQ(source.Tables().size(), 1u);
+    EXPECT_EQ(source.FindQuery("Items"), nullptr);
+    ASSERT_NE(source.FindQuery("qryCheap"), nullptr);
+    EXPECT_EQ(source.FindQuery("qryCheap")->sql, "SELECT Id\r\nFROM Items\r\nWHERE Price < 5;");
+    EXPECT_EQ(source.FindQuery("qryEmpty"), nullptr);
+    // Only the queries folder holds queries.
+    EXPECT_EQ(source.FindQuery("setup"), nullptr);
+}
+
 TEST_F(AccessSourceTest, ADatabaseThatCannotBeReadLeavesTheExportedDefinitions)
 {
     // mdbtools refuses a file that is no database; the definitions beside it stand in.

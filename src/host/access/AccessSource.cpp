@@ -413,6 +413,18 @@ AccessSource AccessSource::Open(const std::string& path)
                 Trace("AccessSource: " + error.Description());
             }
         }
+        // Version-control exports keep each query's SQL alone in queries/NAME.sql.
+        for (const std::string& name : source.m_names["sql"]) {
+            std::string file = source.m_files["sql"][ToLower(name)];
+            if (!EqualsNoCase(FileNameOf(RemoveBackslash(FolderOf(file))), "queries")
+                || source.FindTable(name) || source.FindQuery(name))
+                continue;
+            AccessQuery query;
+            query.name = name;
+            query.sql = TrimWhitespace(ReadDefinitionFile(file).value_or(""));
+            if (!query.sql.empty())
+                source.m_queries.push_back(std::move(query));
+        }
     }
     return source;
 }

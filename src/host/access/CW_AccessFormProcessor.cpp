@@ -102,13 +102,20 @@ void CW_AccessFormProcessor::Build()
         m_navigation = object.Flag("NavigationButtons", true) ? kNavigationHeight : 0;
     }
     int top = 0;
-    for (const auto& child : object.children) {
+    // Access writes the sections inside the object's unnamed block, after the
+    // controls' defaults; hand-made definitions may put them beside it.
+    std::vector<const AccessBlock*> blocks;
+    for (const auto& child : object.children)
+        blocks.push_back(child.get());
+    for (const AccessBlock* member : object.Members())
+        blocks.push_back(member);
+    for (const AccessBlock* child : blocks) {
         if (!IsSectionType(child->type) || (!m_isReport && !IsFormViewSection(child->type)))
             continue;
         if (!child->Flag("Visible", true))
             continue;
         AccessSectionView section;
-        section.block = child.get();
+        section.block = child;
         section.type = child->type;
         section.name = child->Text("Name").empty() ? child->type : child->Text("Name");
         section.headerBar = m_isReport ? kSectionBarHeight : 0;
