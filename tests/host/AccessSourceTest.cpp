@@ -1,5 +1,8 @@
 #include <gtest/gtest.h>
 
+#include <cstdlib>
+#include <filesystem>
+
 #include "foundation/ScrivError.h"
 #include "host/access/AccessSource.h"
 #include "support/CoreFixture.h"
@@ -142,6 +145,65 @@ TEST_F(AccessSourceTest, ADatabaseThatCannotBeReadLeavesTheExportedDefinitions)
     EXPECT_EQ(AccessSource::Open(m_app / "Shop").DatabaseFile(), m_app / "Shop/Shop.mdb");
     EXPECT_THROW(AccessSource::Open(m_app / "Missing.mdb"), ScrivError);
     EXPECT_THROW(AccessSource::Open(m_app / "nothing here"), ScrivError);
+}
+
+// mdbtools answers as it does for a Jet database: table names, their
+// schema, the properties of their columns, and the queries with their SQL.
+// The stand-ins print what mdbtools prints for such a database, so that what
+// the program makes of those answers is tested without a database file.
+class AccessDatabaseTest : public AccessSourceTest {
+protected:
+    void SetUp() override
+    {
+        AccessSourceTest::SetUp();
+        Tool("mdb-tables", "printf 'Shippers\\nOrder Details\\n'");
+        Tool("mdb-schema", "cat <<'END'\n-- comment\nCREATE TABLE [Shippers]\n (\n\t[ShipperID]\t\t\tLong Integer, \n"
+                           "\t[CompanyName]\t\t\tText (40) NOT NULL, \n\t[Phone]\t\t\tText (24)\n);\nEND");
+        Tool("mdb-prop", "[ \"$2\" = Shippers ] || exit 0\ncat <<'END'\nname: (none)\n\tDefaultView: 2\n"
+                         "\tDescription: Shippers' names and phone numbers.\n\nname: CompanyName\n\tRequired: yes\n"
+                         "\tCaption: Company Name\n\tDescription: Name of shipping company.\nEND");
+        Tool("mdb-queries", "if [ \"$1\" = -L ]; then printf '~sq_cOrders~sq_cShipVia\\nInvoices Filter\\n'; exit 0; fi\n"
+                            "[ \"$2\" = 'Invoices Filter' ] && echo 'SELECT Invoices.* FROM [Invoices] WHERE Invoices.OrderID=1 '");
+        m_app.Write("Shop/Shop.mdb", "a database");
+        m_path = std::getenv("PATH") ? std::getenv("PATH") : "";
+        setenv("PATH", (m_app / "bin" + ":" + m_path).c_str(), 1);
+    }
+
+    void TearDown() override
+    {
+        setenv("PATH", m_path.c_str(), 1);
+        AccessSourceTest::TearDown();
+    }
+
+    void Tool(const std::string& name, const std::string& body)
+    {
+        m_app.Write("bin/" + name, "#!/bin/sh\n" + body + "\n");
+        std::filesystem::permissions(m_app / "bin/" + name, std::filesystem::perms::owner_all);
+    }
+
+    std::string m_path;
+};
+
+TEST_F(AccessDatabaseTest, TablesColumnsAndQueriesComeFromTheDatabase)
+{
+    AccessSource source = AccessSource::Open(m_app / "Shop/Shop.mdb");
+    ASSERT_TRUE(source.ReadFromDatabase());
+    ASSERT_EQ(source.Tables().size(), 2u);
+    const AccessTable* shippers = source.FindTable("shippers");
+    ASSERT_NE(shippers, nullptr);
+    EXPECT_EQ(shippers->description, "Shippers' names and phone numbers.");
+    ASSERT_EQ(shippers->fields.size(), 3u);
+    EXPECT_EQ(shippers->fields[1].name, "CompanyName");
+    EXPECT_EQ(shippers->fields[1].type, "Text (40)");
+    EXPECT_TRUE(shippers->fields[1].required);
+    EXPECT_EQ(shippers->fields[1].caption, "Company Name");
+    EXPECT_EQ(shippers->fields[1].description, "Name of shipping company.");
+    // A table that the schema does not define is still listed.
+    EXPECT_NE(source.FindTable("Order Details"), nullptr);
+    // The row sources Access keeps for its forms are no queries of the application.
+    ASSERT_EQ(source.Queries().size(), 1u);
+    EXPECT_EQ(source.Queries()[0].name, "Invoices Filter");
+    EXPECT_EQ(source.Queries()[0].sql, "SELECT Invoices.* FROM [Invoices] WHERE Invoices.OrderID=1");
 }
 
 }  // namespace

@@ -478,7 +478,10 @@ bool AccessSource::ReadDatabase()
         // Captions and descriptions are properties of the table's columns.
         if (std::optional<std::string> properties = RunTool({ "mdb-prop", m_database, name })) {
             auto byColumn = ParseProperties(*properties);
-            auto own = byColumn.find(ToLower(name));
+            // mdbtools names the table's own block "(none)"; older versions name it after the table.
+            auto own = byColumn.find("(none)");
+            if (own == byColumn.end())
+                own = byColumn.find(ToLower(name));
             if (own != byColumn.end() && own->second.count("description"))
                 table.description = own->second["description"];
             for (AccessField& field : table.fields) {
@@ -495,6 +498,10 @@ bool AccessSource::ReadDatabase()
     }
     if (std::optional<std::string> queries = RunTool({ "mdb-queries", "-L", "-1", m_database })) {
         for (const std::string& name : NonEmptyLines(*queries)) {
+            // "~sq_" queries are the row sources Access keeps for forms and
+            // reports; the database window never lists them.
+            if (name.rfind('~', 0) == 0)
+                continue;
             AccessQuery query;
             query.name = name;
             query.sql = TrimWhitespace(RunTool({ "mdb-queries", m_database, name }).value_or(""));
