@@ -16,6 +16,7 @@
 #include "studio/EditorPages.h"
 #include "studio/EditorSession.h"
 #include "studio/StudioFileAccess.h"
+#include "studio/StudioServer.h"
 #include "studio/StudioShell.h"
 
 namespace scriv::studio {
@@ -38,24 +39,13 @@ bool IsPage(std::string_view path)
     return extension == ".htm" || extension == ".html" || extension == ".htp";
 }
 
+// What a page's files are to the page editor: style sheets, pictures and
+// text; a script or page of the help is only bytes there.
 std::string FileTypeOf(std::string_view path)
 {
-    std::string extension = ToLower(FileExtension(path));
-    static const std::pair<const char*, const char*> kTypes[] = {
-        { ".css", "text/css; charset=utf-8" },
-        { ".png", "image/png" },
-        { ".jpg", "image/jpeg" },
-        { ".jpeg", "image/jpeg" },
-        { ".gif", "image/gif" },
-        { ".bmp", "image/bmp" },
-        { ".ico", "image/x-icon" },
-        { ".svg", "image/svg+xml" },
-        { ".txt", "text/plain; charset=utf-8" },
-    };
-    for (const auto& [known, type] : kTypes)
-        if (extension == known)
-            return type;
-    return "application/octet-stream";
+    std::string type = ContentTypeOf(path);
+    bool passive = type.starts_with("text/css") || type.starts_with("image/") || type.starts_with("text/plain");
+    return passive ? type : "application/octet-stream";
 }
 
 void SendJson(httplib::Response& response, const json& body, int status = 200)

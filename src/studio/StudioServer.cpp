@@ -30,31 +30,6 @@ constexpr std::string_view kFilesPrefix = "/files/";
 constexpr std::string_view kChmPrefix = "/chm/";
 constexpr std::string_view kChmMarker = "/::/";
 
-std::string ContentTypeOf(std::string_view path)
-{
-    std::string extension = ToLower(FileExtension(path));
-    static const std::pair<const char*, const char*> kTypes[] = {
-        { ".htm", "text/html; charset=utf-8" },
-        { ".html", "text/html; charset=utf-8" },
-        { ".js", "text/javascript; charset=utf-8" },
-        { ".mjs", "text/javascript; charset=utf-8" },
-        { ".css", "text/css; charset=utf-8" },
-        { ".json", "application/json" },
-        { ".svg", "image/svg+xml" },
-        { ".png", "image/png" },
-        { ".jpg", "image/jpeg" },
-        { ".jpeg", "image/jpeg" },
-        { ".gif", "image/gif" },
-        { ".bmp", "image/bmp" },
-        { ".ico", "image/x-icon" },
-        { ".txt", "text/plain; charset=utf-8" },
-        { ".xml", "text/xml" },
-    };
-    for (const auto& [known, type] : kTypes)
-        if (extension == known)
-            return type;
-    return "application/octet-stream";
-}
 
 void Refuse(httplib::Response& response)
 {
@@ -103,6 +78,32 @@ std::pair<std::string, std::string> KeyAndRest(std::string_view path, std::strin
 }
 
 }  // namespace
+
+std::string ContentTypeOf(std::string_view path)
+{
+    std::string extension = ToLower(FileExtension(path));
+    static const std::pair<const char*, const char*> kTypes[] = {
+        { ".htm", "text/html; charset=utf-8" },
+        { ".html", "text/html; charset=utf-8" },
+        { ".js", "text/javascript; charset=utf-8" },
+        { ".mjs", "text/javascript; charset=utf-8" },
+        { ".css", "text/css; charset=utf-8" },
+        { ".json", "application/json" },
+        { ".svg", "image/svg+xml" },
+        { ".png", "image/png" },
+        { ".jpg", "image/jpeg" },
+        { ".jpeg", "image/jpeg" },
+        { ".gif", "image/gif" },
+        { ".bmp", "image/bmp" },
+        { ".ico", "image/x-icon" },
+        { ".txt", "text/plain; charset=utf-8" },
+        { ".xml", "text/xml" },
+    };
+    for (const auto& [known, type] : kTypes)
+        if (extension == known)
+            return type;
+    return "application/octet-stream";
+}
 
 StudioServer::StudioServer(EventLoop& loop, StudioShell& shell, StudioUserInterface& ui, StudioEvents& events,
     StudioFileAccess& files)

@@ -6,6 +6,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <thread>
 
 #include "studio/StudioRequestGuard.h"
@@ -21,6 +22,9 @@ class EventLoop;
 }
 
 namespace scriv::studio {
+
+// The Content-Type that the studio sends for a file, by its extension.
+std::string ContentTypeOf(std::string_view path);
 
 class StudioEvents;
 class StudioFileAccess;

@@ -7,13 +7,13 @@
 // SCRIVANT_BUILD_DIR names the build (default: build/ of the source tree).
 import { after, before, describe, test } from "node:test";
 import assert from "node:assert/strict";
-import { spawn } from "node:child_process";
 import { existsSync } from "node:fs";
 import { cp, mkdir, mkdtemp, readFile, rm, writeFile } from "node:fs/promises";
 import os from "node:os";
 import path from "node:path";
 import { fileURLToPath } from "node:url";
 import { chromium } from "playwright-core";
+import { launchStudio } from "./studio-process.mjs";
 
 const here = path.dirname(fileURLToPath(import.meta.url));
 const build = path.resolve(process.env.SCRIVANT_BUILD_DIR || path.join(here, "../../build"));
@@ -31,35 +31,7 @@ if (!existsSync(program))
 let scratch;
 let browser;
 
-async function startStudio(args, dataFolder) {
-    const child = spawn(program, ["--data", dataFolder, "studio", "--no-browser", ...args], {
-        stdio: ["ignore", "pipe", "pipe"],
-    });
-    let output = "";
-    const exited = new Promise((resolve) => child.on("exit", (code, signal) => resolve({ code, signal })));
-    const url = await new Promise((resolve, reject) => {
-        const timer = setTimeout(() => reject(new Error(`no address within ${TIMEOUT} ms:\n${output}`)), TIMEOUT);
-        const read = (chunk) => {
-            output += chunk;
-            const found = /http:\/\/127\.0\.0\.1:\d+\/\?token=[0-9a-f]+/.exec(output);
-            if (found) {
-                clearTimeout(timer);
-                resolve(found[0]);
-            }
-        };
-        child.stdout.on("data", read);
-        child.stderr.on("data", (chunk) => (output += chunk));
-        exited.then(({ code }) => reject(new Error(`the studio ended with ${code}:\n${output}`)));
-    });
-    return {
-        url,
-        async stop() {
-            if (child.exitCode === null && child.signalCode === null)
-                child.kill("SIGTERM");
-            return exited;
-        },
-    };
-}
+const startStudio = (args, dataFolder) => launchStudio(program, dataFolder, args, TIMEOUT);
 
 // A copy of the example, and user data whose settings open the Help Editor
 // after a generation and leave the compiler out.

@@ -6,13 +6,13 @@
 // SCRIVANT_BUILD_DIR names the build (default: build/ of the source tree).
 import { after, before, describe, test } from "node:test";
 import assert from "node:assert/strict";
-import { spawn } from "node:child_process";
 import { existsSync } from "node:fs";
 import { cp, mkdtemp, readFile, rm } from "node:fs/promises";
 import os from "node:os";
 import path from "node:path";
 import { fileURLToPath } from "node:url";
 import { chromium } from "playwright-core";
+import { launchStudio } from "./studio-process.mjs";
 
 const here = path.dirname(fileURLToPath(import.meta.url));
 const build = path.resolve(process.env.SCRIVANT_BUILD_DIR || path.join(here, "../../build"));
@@ -37,37 +37,7 @@ let scratch;
 let context;
 
 // Starts the studio on source; answers its address (with the token) and a way to end it.
-async function startStudio(source, dataFolder) {
-    const child = spawn(program, ["--data", dataFolder, "studio", "--no-browser", source], {
-        stdio: ["ignore", "pipe", "pipe"],
-    });
-    let output = "";
-    const exited = new Promise((resolve) => child.on("exit", (code, signal) => resolve({ code, signal })));
-    const url = await new Promise((resolve, reject) => {
-        const timer = setTimeout(() => reject(new Error(`no address within ${TIMEOUT} ms:\n${output}`)), TIMEOUT);
-        const read = (chunk) => {
-            output += chunk;
-            const found = /http:\/\/127\.0\.0\.1:\d+\/\?token=[0-9a-f]+/.exec(output);
-            if (found) {
-                clearTimeout(timer);
-                resolve(found[0]);
-            }
-        };
-        child.stdout.on("data", read);
-        child.stderr.on("data", (chunk) => (output += chunk));
-        exited.then(({ code }) => reject(new Error(`the studio ended with ${code}:\n${output}`)));
-    });
-    return {
-        url,
-        // How the program ended, once it has.
-        ended: () => exited,
-        async stop() {
-            if (child.exitCode === null && child.signalCode === null)
-                child.kill("SIGTERM");
-            return exited;
-        },
-    };
-}
+const startStudio = (source, dataFolder) => launchStudio(program, dataFolder, [source], TIMEOUT);
 
 // A fresh copy of the example and a fresh user data folder.
 async function freshApplication(name) {

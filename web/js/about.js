@@ -1,16 +1,8 @@
 // The studio's About box: the program's name, version and what it does, and
 // the help project that is open. Nothing waits for it; OK or Escape closes it.
 
+import { element } from "./dom.js";
 import { onStudioEvent } from "./events.js";
-
-function element(tag, className, text) {
-    const node = document.createElement(tag);
-    if (className)
-        node.className = className;
-    if (text !== undefined)
-        node.textContent = text;
-    return node;
-}
 
 function show(event) {
     document.querySelector("dialog.about-box")?.remove();

@@ -4,19 +4,11 @@
 // for it; a question answered in another tab closes here as well.
 
 import { ApiError, studioApi } from "./api.js";
+import { element } from "./dom.js";
 import { onStudioEvent } from "./events.js";
 import { buildPathChooser } from "./path-chooser.js";
 
 const openDialogs = new Map();
-
-function element(tag, className, text) {
-    const node = document.createElement(tag);
-    if (className)
-        node.className = className;
-    if (text !== undefined)
-        node.textContent = text;
-    return node;
-}
 
 function button(label, onClick) {
     const node = element("button", "", label);

@@ -2,16 +2,8 @@
 // to the program: its messages, a prompt, a choice from a list, a file
 // choice. They look like the program's dialogs (dialogs.js).
 
+import { element } from "./dom.js";
 import { buildPathChooser } from "./path-chooser.js";
-
-export function element(tag, className, text) {
-    const node = document.createElement(tag);
-    if (className)
-        node.className = className;
-    if (text !== undefined)
-        node.textContent = text;
-    return node;
-}
 
 export function button(label, onClick, className) {
     const node = element("button", className || "", label);

@@ -5,7 +5,8 @@
 // program writes through its beautifier.
 
 import { encodePath } from "./api.js";
-import { button, confirmBox, element, fileBox, listBox, messageBox, promptBox } from "./editor-dialogs.js";
+import { element } from "./dom.js";
+import { button, confirmBox, fileBox, listBox, messageBox, promptBox } from "./editor-dialogs.js";
 import { CRichTextBox, DRAG_MARKER } from "./source-view.js";
 
 // The marker of the caret across a switch of modes; it never reaches a file.

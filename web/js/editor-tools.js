@@ -4,7 +4,8 @@
 // export to Word (frmMSWordExport). The work is the program's; these ask and
 // show.
 
-import { button, element, modal } from "./editor-dialogs.js";
+import { element } from "./dom.js";
+import { button, modal } from "./editor-dialogs.js";
 import { buildPathChooser } from "./path-chooser.js";
 
 // A report: a non-modal window with a list view in report view and the

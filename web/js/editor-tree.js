@@ -3,7 +3,7 @@
 // tree itself is fetched again when its version moved. Keys, the popup menu,
 // renaming in place and drag and drop are the program's; this shows them.
 
-import { element } from "./editor-dialogs.js";
+import { element } from "./dom.js";
 import { DRAG_MARKER } from "./source-view.js";
 
 // The key codes of the tree control and its shift bits.

@@ -5,8 +5,9 @@
 // shown.
 
 import { ApiError } from "./api.js";
+import { element } from "./dom.js";
 import { editorApi } from "./editor-api.js";
-import { button, confirmBox, element, messageBox } from "./editor-dialogs.js";
+import { button, confirmBox, messageBox } from "./editor-dialogs.js";
 import { HTMLEdit } from "./editor-htmledit.js";
 import { IndexEntriesDialog, ProjectTools } from "./editor-tools.js";
 import { EditorTree } from "./editor-tree.js";

@@ -4,17 +4,9 @@
 // helps' own scripts run apart from this page.
 
 import { encodePath, studioApi } from "./api.js";
+import { element } from "./dom.js";
 
 let frameCounter = 0;
-
-function element(tag, className, text) {
-    const node = document.createElement(tag);
-    if (className)
-        node.className = className;
-    if (text !== undefined)
-        node.textContent = text;
-    return node;
-}
 
 function fileName(path) {
     return path.split("/").pop();

@@ -3,15 +3,7 @@
 // help projects' and the program's), with the files that match the pattern.
 
 import { ApiError, studioApi } from "./api.js";
-
-function element(tag, className, text) {
-    const node = document.createElement(tag);
-    if (className)
-        node.className = className;
-    if (text !== undefined)
-        node.textContent = text;
-    return node;
-}
+import { element } from "./dom.js";
 
 function joinPath(folder, name) {
     return folder.endsWith("/") ? folder + name : `${folder}/${name}`;

@@ -1,14 +1,7 @@
 // The side panel of the host window: the open application (project or group,
 // type, forms) and the current help project.
 
-function element(tag, className, text) {
-    const node = document.createElement(tag);
-    if (className)
-        node.className = className;
-    if (text !== undefined)
-        node.textContent = text;
-    return node;
-}
+import { element } from "./dom.js";
 
 function fileName(path) {
     return path.split("/").pop();

@@ -7,18 +7,10 @@
 // commands: their dialogs, progress and messages arrive as events.
 
 import { ApiError, encodePath, getJson, postJson, studioApi } from "./api.js";
+import { element } from "./dom.js";
 import { onStudioEvent } from "./events.js";
 
 const KIND = "wizard";
-
-function element(tag, className, text) {
-    const node = document.createElement(tag);
-    if (className)
-        node.className = className;
-    if (text !== undefined)
-        node.textContent = text;
-    return node;
-}
 
 // "&Name" shows as "Name".
 function captionText(caption) {
