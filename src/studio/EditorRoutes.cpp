@@ -48,18 +48,6 @@ std::string FileTypeOf(std::string_view path)
     return passive ? type : "application/octet-stream";
 }
 
-void SendJson(httplib::Response& response, const json& body, int status = 200)
-{
-    response.status = status;
-    response.set_header("Cache-Control", "no-store");
-    response.set_content(body.dump(-1, ' ', false, json::error_handler_t::replace), "application/json");
-}
-
-void Busy(httplib::Response& response)
-{
-    SendJson(response, { { "error", "The studio is busy; try again." } }, 503);
-}
-
 json BodyOf(const httplib::Request& request)
 {
     json body = json::parse(request.body, nullptr, false);

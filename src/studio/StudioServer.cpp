@@ -37,18 +37,6 @@ void Refuse(httplib::Response& response)
     response.set_content("Forbidden", "text/plain");
 }
 
-void SendJson(httplib::Response& response, const json& body, int status = 200)
-{
-    response.status = status;
-    response.set_header("Cache-Control", "no-store");
-    response.set_content(body.dump(-1, ' ', false, json::error_handler_t::replace), "application/json");
-}
-
-void Busy(httplib::Response& response)
-{
-    SendJson(response, { { "error", "The studio is busy; try again." } }, 503);
-}
-
 bool IsContentPath(std::string_view path)
 {
     return path.starts_with(kFilesPrefix) || path.starts_with(kChmPrefix);
@@ -78,6 +66,18 @@ std::pair<std::string, std::string> KeyAndRest(std::string_view path, std::strin
 }
 
 }  // namespace
+
+void SendJson(httplib::Response& response, const json& body, int status)
+{
+    response.status = status;
+    response.set_header("Cache-Control", "no-store");
+    response.set_content(body.dump(-1, ' ', false, json::error_handler_t::replace), "application/json");
+}
+
+void Busy(httplib::Response& response)
+{
+    SendJson(response, { { "error", "The studio is busy; try again." } }, 503);
+}
 
 std::string ContentTypeOf(std::string_view path)
 {

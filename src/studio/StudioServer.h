@@ -9,6 +9,8 @@
 #include <string_view>
 #include <thread>
 
+#include <nlohmann/json_fwd.hpp>
+
 #include "studio/StudioRequestGuard.h"
 
 namespace httplib {
@@ -25,6 +27,10 @@ namespace scriv::studio {
 
 // The Content-Type that the studio sends for a file, by its extension.
 std::string ContentTypeOf(std::string_view path);
+// Answers with body as JSON, never cached.
+void SendJson(httplib::Response& response, const nlohmann::json& body, int status = 200);
+// Answers 503: the logic thread did not take the request in time.
+void Busy(httplib::Response& response);
 
 class StudioEvents;
 class StudioFileAccess;
