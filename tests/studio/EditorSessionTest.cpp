@@ -58,24 +58,7 @@ protected:
     std::string Help(const std::string& name) const { return FolderOf(m_vbp) + "CHM/" + name; }
     std::string Read(const std::string& name) const { return ReadFileText(Help(name)).value_or(""); }
 
-    std::vector<std::string> BoxTexts() const
-    {
-        std::vector<std::string> texts;
-        for (const auto& box : m_ui->MessageBoxes())
-            texts.push_back(box.text);
-        return texts;
-    }
 
-    std::vector<json> PageEvents(const std::string& type)
-    {
-        while (std::optional<std::string> text = m_page->Next(0ms))
-            m_received.push_back(json::parse(*text));
-        std::vector<json> chosen;
-        for (const json& event : m_received)
-            if (event["type"] == type)
-                chosen.push_back(event);
-        return chosen;
-    }
 
     // An item of the tree the page gets, or null.
     static json FindItem(const json& items, const std::string& key)
@@ -104,8 +87,6 @@ protected:
     }
 
     std::string m_vbp;
-    std::shared_ptr<StudioEvents::Subscription> m_page;
-    std::vector<json> m_received;
 };
 
 // --- opening ---

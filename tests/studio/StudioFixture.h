@@ -6,7 +6,11 @@
 #include <chrono>
 #include <future>
 #include <memory>
+#include <optional>
 #include <string>
+#include <vector>
+
+#include <nlohmann/json.hpp>
 
 #include "foundation/EventLoop.h"
 #include "host/CFakeHostContext.h"
@@ -29,6 +33,7 @@ class StudioFixture : public scriv::test::CoreFixture {
 protected:
     void TearDown() override
     {
+        m_page.reset();
         if (m_server)
             m_server->Stop();
         m_server.reset();
@@ -47,6 +52,27 @@ protected:
     {
         return "<Host><Project Name=\"Orders\" FullPath=\"" + m_app.Path() + "Orders.vbp\" Active=\"true\"" + extra
             + "/></Host>";
+    }
+
+    // The texts of the message boxes the scripted user interface was shown.
+    std::vector<std::string> BoxTexts() const
+    {
+        std::vector<std::string> texts;
+        for (const auto& box : m_ui->MessageBoxes())
+            texts.push_back(box.text);
+        return texts;
+    }
+
+    // The events of one type that the page (m_page, subscribed by the test) got so far.
+    std::vector<nlohmann::json> PageEvents(const std::string& type)
+    {
+        while (std::optional<std::string> text = m_page->Next(std::chrono::milliseconds(0)))
+            m_received.push_back(nlohmann::json::parse(*text));
+        std::vector<nlohmann::json> chosen;
+        for (const nlohmann::json& event : m_received)
+            if (event["type"] == type)
+                chosen.push_back(event);
+        return chosen;
     }
 
     StudioShell& StartShell(const std::string& hostXml)
@@ -122,6 +148,8 @@ protected:
     TempFolder m_app;
     TempFolder m_web;
     StudioEvents m_events;
+    std::shared_ptr<StudioEvents::Subscription> m_page;
+    std::vector<nlohmann::json> m_received;
     StudioFileAccess m_files;
     std::unique_ptr<StudioShell> m_shell;
     std::unique_ptr<StudioServer> m_server;

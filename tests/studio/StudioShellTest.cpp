@@ -63,25 +63,7 @@ protected:
         m_replaced.reset();
     }
 
-    std::vector<std::string> BoxTexts() const
-    {
-        std::vector<std::string> texts;
-        for (const auto& box : m_ui->MessageBoxes())
-            texts.push_back(box.text);
-        return texts;
-    }
 
-    // The events the page got so far, of one type.
-    std::vector<json> PageEvents(const std::string& type)
-    {
-        while (std::optional<std::string> text = m_page->Next(0ms))
-            m_received.push_back(json::parse(*text));
-        std::vector<json> chosen;
-        for (const json& event : m_received)
-            if (event["type"] == type)
-                chosen.push_back(event);
-        return chosen;
-    }
 
     std::string Help(const std::string& name) const { return m_app.Path() + "CHM/" + name; }
     CScrivServerData& ShellData() { return m_shell->Server().Data(); }
@@ -98,8 +80,6 @@ protected:
 
     HookedUserInterface* m_hooked { nullptr };
     std::unique_ptr<IUserInterface> m_replaced;
-    std::shared_ptr<StudioEvents::Subscription> m_page;
-    std::vector<json> m_received;
 };
 
 TEST_F(StudioShellTest, WithNoApplicationOpenTheMenuSaysSoAndOpensNothing)
