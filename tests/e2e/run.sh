@@ -2,7 +2,7 @@
 # Runs the browser tests in headless Chromium: the browser help, its
 # accessibility (only on a help that the program wrote: the topics of the
 # fixture below are written by hand), and (once, with the program of the
-# build) the studio. The help folder under test is SCRIVANT_HELP_FOLDER;
+# build) the studio and its accessibility. The help folder under test is SCRIVANT_HELP_FOLDER;
 # without it a small help is written by the generation test suite of
 # SCRIVANT_BUILD_DIR (default build/), and the studio is tested too.
 # SCRIVANT_STUDIO_TEST=1 tests the studio in either case.
@@ -31,4 +31,5 @@ if [[ "$studio" == 1 ]]; then
   SCRIVANT_BUILD_DIR="$build" node --test studio.test.mjs
   SCRIVANT_BUILD_DIR="$build" node --test wizard.test.mjs
   SCRIVANT_BUILD_DIR="$build" node --test editor.test.mjs editor-logic.test.mjs
+  SCRIVANT_BUILD_DIR="$build" node --test studio-a11y.test.mjs
 fi

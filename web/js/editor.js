@@ -20,6 +20,9 @@ const STYLES = [
     ["", "Style"], ["<P>", "Normal"], ["<H1>", "Heading 1"], ["<H2>", "Heading 2"], ["<H3>", "Heading 3"],
     ["<H4>", "Heading 4"], ["<H5>", "Heading 5"], ["<H6>", "Heading 6"], ["<PRE>", "Formatted"], ["<ADDRESS>", "Address"],
 ];
+const MIN_TREE_WIDTH = 120;
+const MAX_TREE_WIDTH = 800;
+const DEFAULT_TREE_WIDTH = 280;
 const FONTS = ["Font", "Arial", "Courier New", "Tahoma", "Times New Roman", "Verdana"];
 const SIZES = ["Size", "1", "2", "3", "4", "5", "6", "7"];
 
@@ -27,7 +30,8 @@ const SIZES = ["Size", "1", "2", "3", "4", "5", "6", "7"];
 class EditorMenus {
     constructor(menus) {
         this.element = element("div", "editor-menubar");
-        this.element.setAttribute("role", "menubar");
+        // Menu buttons with their menus, as the studio's own menu bar has them.
+        this.element.setAttribute("role", "group");
         this.element.setAttribute("aria-label", "Help Editor menu");
         this.entries = [];
         for (const menu of menus) {
@@ -448,14 +452,22 @@ class HelpEditorPanel {
 
     #makeSplitter() {
         const tree = this.tree.element;
+        // The bar says the tree's width in pixels, between its narrowest and widest.
+        this.splitter.setAttribute("aria-label", "Width of the contents tree");
+        this.splitter.setAttribute("aria-valuemin", String(MIN_TREE_WIDTH));
+        this.splitter.setAttribute("aria-valuemax", String(MAX_TREE_WIDTH));
+        const setWidth = (width) => {
+            const bounded = Math.round(Math.max(MIN_TREE_WIDTH, Math.min(width, MAX_TREE_WIDTH)));
+            tree.style.width = `${bounded}px`;
+            this.splitter.setAttribute("aria-valuenow", String(bounded));
+        };
+        setWidth(DEFAULT_TREE_WIDTH);
         this.splitter.addEventListener("pointerdown", (event) => {
             this.splitter.setPointerCapture(event.pointerId);
             const startX = event.clientX;
             const startWidth = tree.getBoundingClientRect().width;
             this.element.classList.add("resizing");
-            const move = (moved) => {
-                tree.style.width = `${Math.max(120, Math.min(startWidth + moved.clientX - startX, 800))}px`;
-            };
+            const move = (moved) => setWidth(startWidth + moved.clientX - startX);
             const up = () => {
                 this.element.classList.remove("resizing");
                 this.splitter.removeEventListener("pointermove", move);
@@ -467,9 +479,9 @@ class HelpEditorPanel {
         this.splitter.addEventListener("keydown", (event) => {
             const width = tree.getBoundingClientRect().width;
             if (event.key === "ArrowLeft")
-                tree.style.width = `${Math.max(120, width - 16)}px`;
+                setWidth(width - 16);
             else if (event.key === "ArrowRight")
-                tree.style.width = `${Math.min(800, width + 16)}px`;
+                setWidth(width + 16);
         });
     }
 

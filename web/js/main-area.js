@@ -78,6 +78,7 @@ export class MainArea extends HTMLElement {
             else
                 this.activate(panel);
         });
+        panel.tab.addEventListener("keydown", (event) => this.#tabKey(panel, event));
         this.#panels.push(panel);
         this.#tabs.append(panel.tab);
         this.#body.append(panel.element);
@@ -94,6 +95,7 @@ export class MainArea extends HTMLElement {
             const chosen = other === panel;
             other.element.hidden = !chosen;
             other.tab.setAttribute("aria-selected", String(chosen));
+            other.tab.tabIndex = chosen ? 0 : -1;
         }
         this.#active = panel;
         this.#empty.hidden = true;
@@ -123,17 +125,38 @@ export class MainArea extends HTMLElement {
         const tab = document.createElement("div");
         tab.className = "tab";
         tab.setAttribute("role", "tab");
+        tab.tabIndex = -1;
+        // A tab holds no control of its own: Delete closes it from the keyboard.
+        tab.setAttribute("aria-keyshortcuts", "Delete");
         const label = document.createElement("span");
         label.className = "tab-title";
         label.textContent = title;
-        const close = document.createElement("button");
-        close.type = "button";
+        const close = document.createElement("span");
         close.className = "tab-close";
         close.title = "Close";
-        close.setAttribute("aria-label", `Close ${title}`);
+        close.setAttribute("aria-hidden", "true");
         close.textContent = "\u00d7";
         tab.append(label, close);
         return tab;
+    }
+
+    // Arrows move between the tabs, Delete closes the focused one.
+    #tabKey(panel, event) {
+        const index = this.#panels.indexOf(panel);
+        let next = null;
+        if (event.key === "ArrowRight")
+            next = this.#panels[(index + 1) % this.#panels.length];
+        else if (event.key === "ArrowLeft")
+            next = this.#panels[(index - 1 + this.#panels.length) % this.#panels.length];
+        else if (event.key === "Delete")
+            this.close(panel);
+        else
+            return;
+        event.preventDefault();
+        if (next) {
+            this.activate(next);
+            next.tab.focus();
+        }
     }
 }
 
