@@ -110,8 +110,18 @@ void CW_AccessContext::CloseComponent(int objType, const std::string& objName, b
 
 void CW_AccessContext::SetComponentHelp(int objType, const std::string& objName, int helpContextId)
 {
-    Trace("CW_AccessContext: help context id " + std::to_string(helpContextId) + " of " + objName
-        + " is not written into the database");
+    // The exported definition is what goes back into the database (LoadFromText);
+    // the database file itself is only read.
+    std::string file = objType == 2 || objType == 3 ? m_source.DefinitionFile(KindOf(objType), objName) : std::string();
+    if (file.empty() || !WriteObjectProperty(file, "HelpContextId", std::to_string(helpContextId))) {
+        Trace("CW_AccessContext: help context id " + std::to_string(helpContextId) + " of " + objName
+            + " is not written" + (file.empty() ? " (no exported definition)" : " into " + file));
+        return;
+    }
+    // A definition already read takes the new value where it stands.
+    auto read = m_definitions.find(Key(objType, objName));
+    if (read != m_definitions.end())
+        *read->second = AccessDefinition::Load(file);
 }
 
 void CW_AccessContext::Render(int objectType, const std::string& name)

@@ -6,6 +6,7 @@
 #include "desktop/CW_AccessContext.h"
 #include "desktop/RenderedWindows.h"
 #include "desktop/SystemColours.h"
+#include "foundation/Paths.h"
 #include "host/access/CSourceProjectMSAccess.h"
 #include "host/access/CW_AccessFormProcessor.h"
 #include "model/CHelpPrjTree.h"
@@ -50,6 +51,25 @@ TEST_F(AccessHostTest, SystemTablesAreLeftOutButATableCalledSysIsKept)
     EXPECT_FALSE(tables.Contains("sysObjects"));
     EXPECT_TRUE(source->CouldHaveTables() && source->CouldHaveQueries() && source->CouldHaveMacros());
     EXPECT_TRUE(source->CouldHaveReports());
+}
+
+TEST_F(AccessHostTest, AFormsHelpContextIdGoesIntoItsExportedDefinitionAndNothingElse)
+{
+    const std::string form = "Version =20\r\nBegin Form\r\n    Width =1440\r\n    Begin\r\n    End\r\nEnd\r\n";
+    const std::string macro = "Begin\r\n    Action =\"Beep\"\r\nEnd\r\n";
+    m_app.Write("Shop/forms/frmPlain.form", form);
+    m_app.Write("Shop/macros/mcrGo.macro", macro);
+    ASSERT_TRUE(Parse());
+    IHostAgent& agent = Data().Agent();
+    agent.ActivateComponent(2, "frmPlain", true, true);
+    agent.SetComponentHelpContextId(2, "frmPlain", 77);
+    agent.CloseComponent(2, "frmPlain", true);
+    EXPECT_EQ(ReadFileText(m_app / "Shop/forms/frmPlain.form").value_or(""),
+        "Version =20\r\nBegin Form\r\n    Width =1440\r\n    HelpContextId =77\r\n    Begin\r\n    End\r\nEnd\r\n");
+    // A macro has no help context id, and an object without a definition file has nowhere to take one.
+    agent.SetComponentHelpContextId(4, "mcrGo", 78);
+    agent.SetComponentHelpContextId(2, "frmMissing", 79);
+    EXPECT_EQ(ReadFileText(m_app / "Shop/macros/mcrGo.macro").value_or(""), macro);
 }
 
 TEST_F(AccessHostTest, ANameWithADoubleQuoteIsAnnouncedAndSkipped)

@@ -1,5 +1,8 @@
 #include <gtest/gtest.h>
 
+#include "foundation/CodePage.h"
+#include "foundation/Paths.h"
+#include "foundation/StringUtil.h"
 #include "foundation/ScrivError.h"
 #include "host/access/AccessDefinition.h"
 #include "host/access/CSourceProjectMSAccess.h"
@@ -122,6 +125,73 @@ TEST(AccessDefinition, Utf16FilesAreReadAsAccessWritesThem)
     std::string path = folder.Write("frmU.form", utf16);
     EXPECT_EQ(AccessDefinition::Load(path).Object().Text("Caption"), "\xC3\x9C" "bersicht");
     EXPECT_THROW(AccessDefinition::Load(folder / "missing.form"), ScrivError);
+}
+
+// The lines of a file, split at its own line ends.
+std::vector<std::string> LinesOf(const std::string& path, const char* lineEnd = "\r\n")
+{
+    return Split(ReadFileText(path).value_or(""), lineEnd);
+}
+
+TEST(AccessDefinition, AnObjectPropertyIsAddedAfterTheSimpleOnesAndThenChangedInPlace)
+{
+    test::TempFolder folder;
+    std::string path = folder.Write("frmCustomers.form", kForm);
+    std::vector<std::string> before = LinesOf(path);
+    ASSERT_TRUE(WriteObjectProperty(path, "HelpContextId", "2010"));
+    std::vector<std::string> after = LinesOf(path);
+    ASSERT_EQ(after.size(), before.size() + 1);
+    // Before the first nested block (the binary PrtMip), indented as its neighbours.
+    EXPECT_EQ(after[6], "    HelpContextId =2010");
+    EXPECT_EQ(after[7], "    PrtMip = Begin");
+    after.erase(after.begin() + 6);
+    EXPECT_EQ(after, before);
+    AccessDefinition definition = AccessDefinition::Load(path);
+    EXPECT_EQ(definition.Object().Number("HelpContextId", 0), 2010);
+    EXPECT_EQ(definition.Object().Text("Caption"), "Say \"Hi\"");
+
+    ASSERT_TRUE(WriteObjectProperty(path, "helpcontextid", "2011"));
+    std::vector<std::string> again = LinesOf(path);
+    ASSERT_EQ(again.size(), before.size() + 1);
+    EXPECT_EQ(again[6], "    HelpContextId =2011");
+}
+
+TEST(AccessDefinition, AControlsPropertyOfTheSameNameIsLeftAlone)
+{
+    test::TempFolder folder;
+    std::string text = "Begin Report\n    Width =7200\n    Begin Section\n        Begin\n            Begin TextBox\n"
+                       "                HelpContextId =5\n            End\n        End\n    End\nEnd\n";
+    std::string path = folder.Write("rptSales.report", text);
+    ASSERT_TRUE(WriteObjectProperty(path, "HelpContextId", "3000"));
+    // Line ends stay as the file has them.
+    EXPECT_EQ(ReadFileText(path).value_or(""),
+        "Begin Report\n    Width =7200\n    HelpContextId =3000\n    Begin Section\n        Begin\n"
+        "            Begin TextBox\n                HelpContextId =5\n            End\n        End\n    End\nEnd\n");
+}
+
+TEST(AccessDefinition, AUtf16DefinitionStaysUtf16)
+{
+    test::TempFolder folder;
+    std::string text = "Begin Form\r\n    Caption =\"\xC3\x9C" "bersicht\"\r\nEnd\r\n";
+    std::string path = folder.Write("frmU.form", "\xFF\xFE" + ConvertFromUtf8(text, "UTF-16LE"));
+    ASSERT_TRUE(WriteObjectProperty(path, "HelpContextId", "42"));
+    std::string bytes = ReadFileText(path).value_or("");
+    ASSERT_GE(bytes.size(), 2u);
+    EXPECT_EQ(bytes.substr(0, 2), "\xFF\xFE");
+    EXPECT_EQ(ConvertToUtf8(std::string_view(bytes).substr(2), "UTF-16LE"),
+        "Begin Form\r\n    Caption =\"\xC3\x9C" "bersicht\"\r\n    HelpContextId =42\r\nEnd\r\n");
+}
+
+TEST(AccessDefinition, APropertyIsNotWrittenWhereThereIsNoFormOrReport)
+{
+    test::TempFolder folder;
+    std::string macro = "Begin\r\n    Action =\"Beep\"\r\nEnd\r\n";
+    std::string path = folder.Write("AutoExec.macro", macro);
+    EXPECT_FALSE(WriteObjectProperty(path, "HelpContextId", "1"));
+    EXPECT_EQ(ReadFileText(path).value_or(""), macro);
+    std::string open = folder.Write("frmOpen.form", "Begin Form\r\n    Width =1\r\n");
+    EXPECT_FALSE(WriteObjectProperty(open, "HelpContextId", "1"));
+    EXPECT_FALSE(WriteObjectProperty(folder / "missing.form", "HelpContextId", "1"));
 }
 
 TEST(AccessDefinition, ColoursAreSystemOrBlueGreenRed)

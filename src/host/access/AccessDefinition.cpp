@@ -201,6 +201,90 @@ std::optional<std::string> ReadDefinitionFile(const std::string& path)
     return reader.Text();
 }
 
+namespace {
+
+// The object's block in the lines of a definition: where its own properties
+// are, and where a new one goes.
+struct ObjectLines {
+    std::size_t begin { 0 };      // the "Begin Form" line
+    std::size_t property { 0 };   // the line of the property sought, or 0
+    std::size_t insertAt { 0 };   // before this line a new property goes
+    std::string indent;
+};
+
+bool StartsBlock(std::string_view trimmed)
+{
+    return trimmed == "Begin" || StartsWithNoCase(trimmed, "Begin ") || EndsWithNoCase(trimmed, "= Begin")
+        || EndsWithNoCase(trimmed, "=Begin");
+}
+
+std::optional<ObjectLines> FindObjectLines(const std::vector<std::string>& lines, std::string_view name)
+{
+    ObjectLines found;
+    std::size_t at = 0;
+    for (; at < lines.size(); ++at) {
+        std::string trimmed = TrimWhitespace(lines[at]);
+        if (EqualsNoCase(trimmed, "Begin Form") || EqualsNoCase(trimmed, "Begin Report"))
+            break;
+    }
+    if (at == lines.size())
+        return std::nullopt;
+    found.begin = at;
+    int depth = 1;
+    for (std::size_t line = at + 1; line < lines.size() && depth > 0; ++line) {
+        std::string trimmed = TrimWhitespace(lines[line]);
+        if (trimmed == "End") {
+            if (--depth == 0 && found.insertAt == 0)
+                found.insertAt = line;
+            continue;
+        }
+        bool block = StartsBlock(trimmed);
+        if (depth == 1) {
+            if (found.indent.empty())
+                found.indent = lines[line].substr(0, lines[line].find_first_not_of(" \t"));
+            std::size_t equals = trimmed.find('=');
+            if (!block && equals != std::string::npos && EqualsNoCase(TrimWhitespace(trimmed.substr(0, equals)), name))
+                found.property = line;
+            if (block && found.insertAt == 0)
+                found.insertAt = line;
+        }
+        if (block)
+            ++depth;
+    }
+    if (found.insertAt == 0)
+        return std::nullopt;
+    if (found.indent.empty())
+        found.indent = "    ";
+    return found;
+}
+
+}  // namespace
+
+bool WriteObjectProperty(const std::string& path, std::string_view name, std::string_view value)
+{
+    std::optional<std::string> bytes = ReadFileText(path);
+    if (!bytes)
+        return false;
+    // Access writes UTF-16 with a byte order mark; the other forms are ASCII-compatible.
+    bool wide = bytes->size() >= 2 && (*bytes)[0] == '\xFF' && (*bytes)[1] == '\xFE';
+    std::string text = wide ? ConvertToUtf8(std::string_view(*bytes).substr(2), "UTF-16LE") : *bytes;
+    std::string lineEnd = text.find("\r\n") != std::string::npos ? "\r\n" : "\n";
+    std::vector<std::string> lines = Split(text, lineEnd);
+    std::optional<ObjectLines> object = FindObjectLines(lines, name);
+    if (!object)
+        return false;
+    if (object->property != 0) {
+        // The name keeps its spelling and spacing; only the value changes.
+        std::string& line = lines[object->property];
+        line = line.substr(0, line.find('=') + 1) + std::string(value);
+    } else {
+        lines.insert(lines.begin() + static_cast<std::ptrdiff_t>(object->insertAt),
+            object->indent + std::string(name) + " =" + std::string(value));
+    }
+    text = Join(lines, lineEnd);
+    return WriteFileBytes(path, wide ? std::string("\xFF\xFE") + ConvertFromUtf8(text, "UTF-16LE") : text);
+}
+
 AccessDefinition AccessDefinition::Load(const std::string& path)
 {
     std::optional<std::string> text = ReadDefinitionFile(path);

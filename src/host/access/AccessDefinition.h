@@ -69,6 +69,13 @@ private:
 // order mark, older versions the system code page; nothing when it cannot be read.
 std::optional<std::string> ReadDefinitionFile(const std::string& path);
 
+// Sets a property of the form's or report's own block in its definition file
+// ("HelpContextId =77"): the line of that property changes, or one line is
+// added after the block's simple properties; every other byte, the file's
+// encoding and its line ends stay. False when the file cannot be read or
+// written or holds no form or report.
+bool WriteObjectProperty(const std::string& path, std::string_view name, std::string_view value);
+
 // The colour an Access colour value stands for as the desktop's colour value
 // (&H800000nn& system colours, else &H00BBGGRR&); nothing for no number.
 std::optional<std::uint32_t> AccessColour(const std::string& value);
