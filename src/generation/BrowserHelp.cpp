@@ -120,7 +120,7 @@ std::uint32_t MakeJavaHelp2(const BrowserHelpInput& input)
     WriteFromTemplate(common + std::string(kContentsFrame), folder + std::string(kContentsFrame), replacements);
     WriteFromTemplate(common + std::string(kIndexFrame), folder + std::string(kIndexFrame), replacements);
 
-    WriteSiteSearch(folder, input.projectFileName);
+    WriteSiteSearch(folder, input.projectFileName, input.searchCacheFile);
     return status::kOk;
 }
 

@@ -24,6 +24,7 @@ struct BrowserHelpInput {
     std::string rootPage;        // the root topic's file name, e.g. "Welcome.htm"
     std::string cssFullPath;     // style sheet path or ""
     std::string charset;         // e.g. "utf-8"; "" means utf-8
+    std::string searchCacheFile; // what the site search kept of the pages last time, or ""
 };
 
 // --- building the browser help ---

@@ -223,6 +223,9 @@ std::uint32_t MakeJavaHelp(CHelpPrjTree& tree)
     std::string css = Parameters().CSSFullPath();
     input.cssFullPath = css.empty() ? std::string() : input.folder + FileNameOf(css);
     input.charset = Parameters().Charset;
+    // The project's own data folder keeps what the site search read of each page.
+    if (FolderExists(project->XmlFormsFolder()))
+        input.searchCacheFile = AddBackslash(project->XmlFormsFolder()) + "SiteSearch.cache";
     return scriv::MakeJavaHelp(input);
 }
 

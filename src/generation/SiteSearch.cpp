@@ -1,7 +1,12 @@
 #include "generation/SiteSearch.h"
 
 #include <algorithm>
+#include <cstdint>
+#include <cstdio>
+#include <map>
+#include <optional>
 
+#include "foundation/CTraceLog.h"
 #include "foundation/CUTF8File.h"
 #include "foundation/Paths.h"
 #include "foundation/ScrivError.h"
@@ -119,6 +124,90 @@ void WriteOrRaise(const std::string& path, std::string_view text)
         Raise(status::kGeneralFailure, "CHelpPrjTree.WriteSiteSearch", "Error saving file " + path);
 }
 
+// --- the cache of what pages gave the index ---
+
+constexpr std::string_view kCacheHeader = "scrivant search cache 1";
+
+struct CachedPage {
+    std::string digest;
+    SiteSearchEntry entry;
+};
+using SearchCache = std::map<std::string, CachedPage>;
+
+// FNV-1a of the page's text, as hexadecimal.
+std::string TextDigest(std::string_view text)
+{
+    std::uint64_t hash = 14695981039346656037ull;
+    for (unsigned char c : text) {
+        hash ^= c;
+        hash *= 1099511628211ull;
+    }
+    char out[17];
+    std::snprintf(out, sizeof out, "%016llx", static_cast<unsigned long long>(hash));
+    return { out, 16 };
+}
+
+// A value on one line of the cache: backslashes, tabs and line ends escaped.
+std::string Escaped(std::string_view text)
+{
+    std::string out;
+    for (char c : text) {
+        switch (c) {
+        case '\\': out += "\\\\"; break;
+        case '\t': out += "\\t"; break;
+        case '\n': out += "\\n"; break;
+        case '\r': out += "\\r"; break;
+        default: out += c;
+        }
+    }
+    return out;
+}
+
+std::string Unescaped(std::string_view text)
+{
+    std::string out;
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        if (text[i] != '\\' || i + 1 == text.size()) {
+            out += text[i];
+            continue;
+        }
+        char next = text[++i];
+        out += next == 't' ? '\t' : next == 'n' ? '\n' : next == 'r' ? '\r' : next;
+    }
+    return out;
+}
+
+// One page a line: name, digest, title, summary and words, separated by tabs.
+std::string SearchCacheText(const SearchCache& cache)
+{
+    std::string out = std::string(kCacheHeader) + "\n";
+    for (const auto& [name, page] : cache) {
+        out += Escaped(name) + "\t" + page.digest + "\t" + Escaped(page.entry.title) + "\t"
+            + Escaped(page.entry.summary) + "\t" + Join(page.entry.words, " ") + "\n";
+    }
+    return out;
+}
+
+// The cache as written, or nothing of it when it is missing or not of this form.
+SearchCache ReadSearchCache(const std::string& path)
+{
+    SearchCache cache;
+    std::optional<std::string> text = ReadFileText(path);
+    if (!text || !text->starts_with(std::string(kCacheHeader) + "\n"))
+        return cache;
+    std::vector<std::string> lines = Split(std::string_view(*text).substr(kCacheHeader.size() + 1), "\n");
+    for (const std::string& line : lines) {
+        std::vector<std::string> fields = Split(line, "\t");
+        if (fields.size() != 5)
+            continue;
+        CachedPage page { fields[1], { Unescaped(fields[2]), Unescaped(fields[3]), {} } };
+        if (!fields[4].empty())
+            page.entry.words = Split(fields[4], " ");
+        cache.emplace(Unescaped(fields[0]), std::move(page));
+    }
+    return cache;
+}
+
 }  // namespace
 
 std::vector<std::string> SiteSearchIndex::Words(std::string_view text)
@@ -147,28 +236,39 @@ std::vector<std::string> SiteSearchIndex::Words(std::string_view text)
     return words;
 }
 
-void SiteSearchIndex::AddPage(std::string_view fileName, std::string_view html)
+SiteSearchEntry SiteSearchIndex::ReadPage(std::string_view fileName, std::string_view html)
 {
     auto document = HtmlDocument::Parse(html);
     std::string text = document->body() ? document->body()->innerText() : std::string();
-    std::string title = document->title();
-    if (title.empty()) {
+    SiteSearchEntry entry;
+    entry.title = document->title();
+    if (entry.title.empty()) {
         auto headings = document->getElementsByTagName("h1");
         if (!headings.empty())
-            title = CollapseWhiteSpace(headings.front()->innerText());
+            entry.title = CollapseWhiteSpace(headings.front()->innerText());
     }
-    if (title.empty())
-        title = FileBaseName(fileName);
+    if (entry.title.empty())
+        entry.title = FileBaseName(fileName);
+    entry.summary = Summary(text, entry.title);
+    for (const std::string& source : { text, entry.title, FileBaseName(fileName) })
+        for (std::string& word : Words(source))
+            entry.words.push_back(std::move(word));
+    std::sort(entry.words.begin(), entry.words.end());
+    entry.words.erase(std::unique(entry.words.begin(), entry.words.end()), entry.words.end());
+    return entry;
+}
 
+void SiteSearchIndex::AddEntry(std::string_view fileName, const SiteSearchEntry& entry)
+{
     std::size_t number = m_pages.size();
-    m_pages.push_back({ std::string(fileName), title, Summary(text, title) });
-    for (const std::string& source : { text, title, FileBaseName(fileName) }) {
-        for (std::string& word : Words(source)) {
-            std::vector<std::size_t>& pages = m_words[std::move(word)];
-            if (pages.empty() || pages.back() != number)
-                pages.push_back(number);
-        }
-    }
+    m_pages.push_back({ std::string(fileName), entry.title, entry.summary });
+    for (const std::string& word : entry.words)
+        m_words[word].push_back(number);
+}
+
+void SiteSearchIndex::AddPage(std::string_view fileName, std::string_view html)
+{
+    AddEntry(fileName, ReadPage(fileName, html));
 }
 
 std::vector<std::size_t> SiteSearchIndex::PagesOf(std::string_view word) const
@@ -201,18 +301,30 @@ std::vector<std::string> SiteSearchExclusions(std::string_view projectFileName)
     return { "hh_index_java.htm", "hh_toc_java.htm", "main.htm", std::string(projectFileName) + "TOC.htm" };
 }
 
-void WriteSiteSearch(const std::string& folder, const std::string& projectFileName)
+void WriteSiteSearch(const std::string& folder, const std::string& projectFileName, const std::string& cacheFile)
 {
     std::string target = AddBackslash(folder);
     std::vector<std::string> excluded = SiteSearchExclusions(projectFileName);
+    SearchCache previous = cacheFile.empty() ? SearchCache() : ReadSearchCache(cacheFile);
+    SearchCache current;
     SiteSearchIndex index;
     for (const std::string& name : ListFiles(target, "*.htm")) {
         bool skip = std::any_of(excluded.begin(), excluded.end(), [&name](const std::string& other) { return EqualsNoCase(name, other); });
-        if (!skip)
-            index.AddPage(name, ReadTextFile(target + name));
+        if (skip)
+            continue;
+        std::string html = ReadTextFile(target + name);
+        std::string digest = TextDigest(html);
+        auto known = previous.find(name);
+        CachedPage page = known != previous.end() && known->second.digest == digest
+            ? std::move(known->second)
+            : CachedPage { digest, SiteSearchIndex::ReadPage(name, html) };
+        index.AddEntry(name, page.entry);
+        current.emplace(name, std::move(page));
     }
     WriteOrRaise(target + std::string(kSearchIndexScript), index.ToScript());
     WriteOrRaise(target + std::string(kSearchPage), WithHtmlLanguage(SearchPageHtml(), ProjectPageLanguage()));
+    if (!cacheFile.empty() && !WriteFileBytes(cacheFile, SearchCacheText(current)))
+        Trace("CHelpPrjTree.WriteSiteSearch: cannot write the search cache " + cacheFile);
 }
 
 }  // namespace scriv

@@ -21,11 +21,23 @@ struct SiteSearchPage {
     std::string summary; // the start of its text
 };
 
+// What the index keeps of one page: its title, its summary and its words
+// (each once, sorted).
+struct SiteSearchEntry {
+    std::string title;
+    std::string summary;
+    std::vector<std::string> words;
+};
+
 class SiteSearchIndex {
 public:
     // Indexes a page: the words of its visible text, of its title and of its
     // file name.
     void AddPage(std::string_view fileName, std::string_view html);
+    // What AddPage takes of a page.
+    static SiteSearchEntry ReadPage(std::string_view fileName, std::string_view html);
+    // Indexes a page by what ReadPage found in it.
+    void AddEntry(std::string_view fileName, const SiteSearchEntry& entry);
 
     const std::vector<SiteSearchPage>& Pages() const { return m_pages; }
     // Numbers of the pages (in Pages) that hold a word given in lower case;
@@ -47,8 +59,12 @@ private:
 
 // Indexes every "*.htm" page of folder except the frame pages, "main.htm" and
 // "<projectFileName>TOC.htm", and writes the index script and "ss.html" there.
-// Raises ScrivError (0x80040001) when a file cannot be written.
-void WriteSiteSearch(const std::string& folder, const std::string& projectFileName);
+// With a cache file, a page whose text is as it was when the cache was
+// written is taken from there instead of being parsed again, and the cache is
+// rewritten; a cache that cannot be read or written is ignored.
+// Raises ScrivError (0x80040001) when a file of the help cannot be written.
+void WriteSiteSearch(const std::string& folder, const std::string& projectFileName,
+    const std::string& cacheFile = {});
 
 // The names WriteSiteSearch leaves out, for a project file name.
 std::vector<std::string> SiteSearchExclusions(std::string_view projectFileName);

@@ -164,6 +164,51 @@ TEST_F(BrowserHelpTest, TheSiteSearchLeavesOutTheFramesAndTheContentsPage)
     EXPECT_NE(index.find("\"zeppelin\": [3]\n"), std::string::npos) << index;
 }
 
+TEST_F(BrowserHelpTest, TheSearchCacheGivesTheSameIndexAndAChangedPageIsReadAgain)
+{
+    WriteTopics(m_help);
+    m_help.Write("Tabbed.htm", Topic("Tabs\tand\r\nbreaks \\ here", "<p>backslash \\ tab\tword</p>"));
+    std::string cache = m_help / "cache/SiteSearch.cache";
+    MakeFolders(m_help / "cache/");
+    WriteSiteSearch(m_help.Path(), "Orders");
+    std::string fresh = m_help.Read("ss_index.js");
+    // Written from the pages, then from the cache alone: the same index.
+    WriteSiteSearch(m_help.Path(), "Orders", cache);
+    EXPECT_EQ(m_help.Read("ss_index.js"), fresh);
+    ASSERT_TRUE(FileExists(cache));
+    // Pages the cache stands for are not parsed again: what it says is what the index shows.
+    std::string planted = ReplaceAll(ReadFileText(cache).value_or(""), " zeppelin", " zeppelin airship");
+    ASSERT_TRUE(WriteFileBytes(cache, planted));
+    WriteSiteSearch(m_help.Path(), "Orders", cache);
+    EXPECT_NE(m_help.Read("ss_index.js").find("\"airship\": ["), std::string::npos);
+    // A changed page is read again; a removed one is gone from index and cache.
+    m_help.Write("frmOrders.htm", Topic("Orders", "<p>Enter the orders by dirigible.</p>"));
+    std::filesystem::remove(m_help / "Tabbed.htm");
+    WriteSiteSearch(m_help.Path(), "Orders", cache);
+    std::string changed = m_help.Read("ss_index.js");
+    EXPECT_NE(changed.find("\"dirigible\": ["), std::string::npos);
+    EXPECT_EQ(changed.find("\"airship\""), std::string::npos);
+    EXPECT_EQ(changed.find("Tabbed.htm"), std::string::npos);
+    EXPECT_EQ(ReadFileText(cache).value_or("").find("Tabbed.htm"), std::string::npos);
+    // A cache of another form or garbage is ignored, and the index is as from the pages.
+    ASSERT_TRUE(WriteFileBytes(cache, "not a cache\nfrmOrders.htm\tx\ty\tz\tfake\n"));
+    WriteSiteSearch(m_help.Path(), "Orders", cache);
+    std::string again = m_help.Read("ss_index.js");
+    WriteSiteSearch(m_help.Path(), "Orders");
+    EXPECT_EQ(again, m_help.Read("ss_index.js"));
+}
+
+TEST_F(BrowserHelpTest, ATitleWithABackslashComesBackFromTheCacheUnchanged)
+{
+    std::string cache = m_help / "SiteSearch.cache";
+    m_help.Write("Odd.htm", "<html><head><title>A\ttab\r\nand \\ a line</title></head><body><p>text</p></body></html>");
+    WriteSiteSearch(m_help.Path(), "Orders", cache);
+    std::string fresh = m_help.Read("ss_index.js");
+    ASSERT_NE(fresh.find("\"t\": \"A tab and \\\\ a line\""), std::string::npos) << fresh;
+    WriteSiteSearch(m_help.Path(), "Orders", cache);
+    EXPECT_EQ(m_help.Read("ss_index.js"), fresh);
+}
+
 TEST_F(BrowserHelpTest, TheSearchPageHasTheInputTheFramesetExpects)
 {
     WriteSiteSearch(m_help.Path(), "Orders");
