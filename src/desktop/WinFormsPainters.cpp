@@ -720,20 +720,20 @@ FontSpec FontOf(const DesignComponent& component)
     for (const DesignComponent* at = &component; at; at = at->parent ? at->parent : at->owner) {
         const DesignValue* font = at->Property("Font");
         if (font && font->kind == DesignValue::Kind::Font) {
-            FontSpec spec;
-            spec.name = font->text;
-            spec.points = font->number > 0 ? font->number : 8.25;
-            spec.bold = font->Has("Bold");
-            spec.italic = font->Has("Italic");
-            spec.underline = font->Has("Underline");
-            spec.strikethrough = font->Has("Strikeout");
-            return spec;
+            FontSpec chosen;
+            chosen.name = font->text;
+            chosen.points = font->number > 0 ? font->number : 8.25;
+            chosen.bold = font->Has("Bold");
+            chosen.italic = font->Has("Italic");
+            chosen.underline = font->Has("Underline");
+            chosen.strikethrough = font->Has("Strikeout");
+            return chosen;
         }
     }
-    FontSpec spec;
-    spec.name = "Microsoft Sans Serif";
-    spec.points = 8.25;
-    return spec;
+    FontSpec chosen;
+    chosen.name = "Microsoft Sans Serif";
+    chosen.points = 8.25;
+    return chosen;
 }
 
 Rgb BackOf(const DesignComponent& component, Rgb parentBack)

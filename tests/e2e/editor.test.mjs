@@ -13,7 +13,7 @@ import os from "node:os";
 import path from "node:path";
 import { fileURLToPath } from "node:url";
 import { chromium } from "playwright-core";
-import { launchStudio } from "./studio-process.mjs";
+import { CHROMIUM_ARGS, launchStudio } from "./studio-process.mjs";
 
 const here = path.dirname(fileURLToPath(import.meta.url));
 const build = path.resolve(process.env.SCRIVANT_BUILD_DIR || path.join(here, "../../build"));
@@ -21,8 +21,6 @@ const program = path.join(build, "bin/scrivant");
 const example = path.join(here, "../../examples/OrderDesk");
 const shippedSettings = path.join(here, "../../data/Settings/ScrivantSettings.xml");
 const TIMEOUT = 30000;
-const CHROMIUM_ARGS = ["--headless", "--no-sandbox", "--disable-gpu", "--no-first-run",
-    "--disable-background-networking", "--disable-component-update", "--disable-sync"];
 const MARKER = "{CURRENTCURSORPOSITON}";
 
 if (!existsSync(program))

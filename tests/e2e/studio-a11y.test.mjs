@@ -16,7 +16,7 @@ import os from "node:os";
 import path from "node:path";
 import { fileURLToPath } from "node:url";
 import { chromium } from "playwright-core";
-import { launchStudio } from "./studio-process.mjs";
+import { CHROMIUM_ARGS, launchStudio } from "./studio-process.mjs";
 
 const here = path.dirname(fileURLToPath(import.meta.url));
 const build = path.resolve(process.env.SCRIVANT_BUILD_DIR || path.join(here, "../../build"));
@@ -98,8 +98,7 @@ before(async () => {
     browser = await chromium.launch({
         executablePath: process.env.CHROMIUM_PATH || "/usr/bin/chromium",
         headless: true,
-        args: ["--headless", "--no-sandbox", "--disable-gpu", "--no-first-run", "--disable-background-networking",
-            "--disable-component-update", "--disable-sync"],
+        args: CHROMIUM_ARGS,
     });
     const application = await freshApplication();
     studio = await launchStudio(program, application.data, [application.source], TIMEOUT);

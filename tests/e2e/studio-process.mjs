@@ -3,6 +3,10 @@
 // what it prints, and a way to end it.
 import { spawn } from "node:child_process";
 
+// How the tests start Debian's chromium: headless, and quiet on the network.
+export const CHROMIUM_ARGS = ["--headless", "--no-sandbox", "--disable-gpu", "--disable-quic", "--no-first-run",
+    "--disable-background-networking", "--disable-component-update", "--disable-sync"];
+
 export async function launchStudio(program, dataFolder, args, timeout) {
     const child = spawn(program, ["--data", dataFolder, "studio", "--no-browser", ...args], {
         stdio: ["ignore", "pipe", "pipe"],

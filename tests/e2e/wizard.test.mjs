@@ -13,23 +13,13 @@ import os from "node:os";
 import path from "node:path";
 import { fileURLToPath } from "node:url";
 import { chromium } from "playwright-core";
-import { launchStudio } from "./studio-process.mjs";
+import { CHROMIUM_ARGS, launchStudio } from "./studio-process.mjs";
 
 const here = path.dirname(fileURLToPath(import.meta.url));
 const build = path.resolve(process.env.SCRIVANT_BUILD_DIR || path.join(here, "../../build"));
 const program = path.join(build, "bin/scrivant");
 const example = path.join(here, "../../examples/OrderDesk");
 const TIMEOUT = 30000;
-const CHROMIUM_ARGS = [
-    "--headless",
-    "--no-sandbox",
-    "--disable-gpu",
-    "--disable-quic",
-    "--no-first-run",
-    "--disable-background-networking",
-    "--disable-component-update",
-    "--disable-sync",
-];
 const PAGES = [
     "Introduction", "HelpProject", "Application", "Author", "FolderForGeneratedFiles", "CSSFullPath", "Language",
     "NameOptions", "Screenshots", "FormsPage", "ReportsPage", "MenusPage", "HelpIndex", "HelpProjectContents",
