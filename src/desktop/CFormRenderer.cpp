@@ -2,8 +2,10 @@
 
 #include <algorithm>
 #include <cairo.h>
+#include <cstdlib>
 
 #include "desktop/CScaler.h"
+#include "desktop/PainterParts.h"
 #include "desktop/SystemColours.h"
 #include "foundation/Paths.h"
 #include "foundation/StringUtil.h"
@@ -181,17 +183,24 @@ std::vector<std::string> CFormRenderer::ListProperty(const Vb6Block& block)
 
 // --- drawing ---
 
-RenderedForm CFormRenderer::Render()
+PixelRect CFormRenderer::WindowClientArea(int& width, int& height)
 {
-    RenderedForm out;
-    int width = 0;
-    int height = 0;
+    width = 0;
+    height = 0;
     m_processor.GetComponentWidthAndHeightInTwips(m_form, width, height);
     width = std::max(width, 0);
     height = std::max(height, 0);
     int offsetX = m_processor.FormClientAreaOffsetX(m_form);
     int offsetY = m_processor.FormClientAreaOffsetY(m_form);
-    out.client = { offsetX, offsetY, width - 2 * offsetX, height - offsetY - offsetX };
+    return { offsetX, offsetY, width - 2 * offsetX, height - offsetY - offsetX };
+}
+
+RenderedForm CFormRenderer::Render()
+{
+    RenderedForm out;
+    int width = 0;
+    int height = 0;
+    out.client = WindowClientArea(width, height);
     cairo_surface_t* surface = cairo_image_surface_create(CAIRO_FORMAT_RGB24, width, height);
     cairo_t* cr = cairo_create(surface);
     {
@@ -204,6 +213,53 @@ RenderedForm CFormRenderer::Render()
     }
     cairo_destroy(cr);
     out.picture = Picture::FromSurface(surface);
+    cairo_surface_destroy(surface);
+    return out;
+}
+
+namespace {
+
+PixelRect Intersection(const PixelRect& a, const PixelRect& b)
+{
+    int left = std::max(a.left, b.left);
+    int top = std::max(a.top, b.top);
+    int right = std::min(a.Right(), b.Right());
+    int bottom = std::min(a.Bottom(), b.Bottom());
+    return { left, top, std::max(right - left, 0), std::max(bottom - top, 0) };
+}
+
+}  // namespace
+
+RenderedForm CFormRenderer::RenderOver(const RenderedForm& earlier, const PixelRect& area)
+{
+    int width = 0;
+    int height = 0;
+    PixelRect client = WindowClientArea(width, height);
+    if (earlier.picture.Width() != width || earlier.picture.Height() != height)
+        return Render();
+    RenderedForm out;
+    out.client = client;
+    // Inside the client area everything is painted over the form's back
+    // colour, so a surface of the area alone, moved to its place, holds
+    // exactly the pixels a whole drawing has there.
+    PixelRect redrawn = Intersection(area, client);
+    cairo_surface_t* surface = cairo_image_surface_create(CAIRO_FORMAT_RGB24, std::max(redrawn.width, 1),
+        std::max(redrawn.height, 1));
+    cairo_t* cr = cairo_create(surface);
+    cairo_translate(cr, -redrawn.left, -redrawn.top);
+    m_redrawn = redrawn;
+    {
+        ClassicPainter painter(cr);
+        painter.PushClip(redrawn);
+        PaintClient(painter, client);
+        PaintChildren(painter, *m_root, client.left, client.top, out);
+        painter.PopClip();
+    }
+    m_redrawn.reset();
+    cairo_destroy(cr);
+    out.picture = earlier.picture;
+    if (!redrawn.Empty())
+        out.picture.Paste(Picture::FromSurface(surface), redrawn.left, redrawn.top);
     cairo_surface_destroy(surface);
     return out;
 }
@@ -342,8 +398,24 @@ bool CFormRenderer::ShouldPaint(const Node& parent, const Node& child, bool ligh
     return true;
 }
 
+bool CFormRenderer::NeedsPainting(const ControlView& view) const
+{
+    if (!m_redrawn)
+        return true;
+    if (m_redrawn->Empty())
+        return false;
+    // Wide borders are drawn across the edge of the rectangle, lines from end to end.
+    int reach = 2 + std::max(paint::Int(*view.block, "BorderWidth", 1), 1);
+    PixelRect painted = view.rect;
+    if (EqualsNoCase(view.type, "Line")) {
+        painted = { std::min(view.x1, view.x2), std::min(view.y1, view.y2), std::abs(view.x2 - view.x1),
+            std::abs(view.y2 - view.y1) };
+    }
+    return !Intersection(painted.Inset(-reach), *m_redrawn).Empty();
+}
+
 void CFormRenderer::PaintChildren(ClassicPainter& painter, const Node& node, int originX, int originY,
-    RenderedForm& out)
+    RenderedForm& out, bool paint)
 {
     // Labels, images, shapes and lines are drawn on their container, under
     // the controls that are windows of their own. A form file lists controls
@@ -354,13 +426,18 @@ void CFormRenderer::PaintChildren(ClassicPainter& painter, const Node& node, int
             if (!ShouldPaint(node, *child, lightweightPass))
                 continue;
             ControlView view = MakeView(node, *child, originX, originY);
-            PaintControl(painter, view);
+            // A container off the area redrawn keeps everything inside it off too.
+            bool painted = paint && NeedsPainting(view);
+            if (painted)
+                PaintControl(painter, view);
             Record(*child, view, out);
             if (child->children.empty())
                 continue;
-            painter.PushClip(ChildClipOf(view));
-            PaintChildren(painter, *child, view.rect.left, view.rect.top, out);
-            painter.PopClip();
+            if (painted)
+                painter.PushClip(ChildClipOf(view));
+            PaintChildren(painter, *child, view.rect.left, view.rect.top, out, painted);
+            if (painted)
+                painter.PopClip();
         }
     }
 }

@@ -71,6 +71,11 @@ public:
 
     // Draws the form as it stands now.
     RenderedForm Render();
+    // Draws the form as it stands now over an earlier drawing of it in which
+    // only what lies in area (window pixels) differs, such as a tab control
+    // that shows another page: gives what Render gives, drawing only that area.
+    // An earlier drawing of another size is drawn anew.
+    RenderedForm RenderOver(const RenderedForm& earlier, const PixelRect& area);
 
 private:
     // Whether the form's RightToLeft is set: its text reads from the right and
@@ -85,7 +90,12 @@ private:
     void PaintCaption(ClassicPainter& painter, const PixelRect& bar, int borderStyle);
     void PaintMenuBar(ClassicPainter& painter, const PixelRect& bar);
     void PaintClient(ClassicPainter& painter, const PixelRect& client);
-    void PaintChildren(ClassicPainter& painter, const Node& node, int originX, int originY, RenderedForm& out);
+    // Without paint the controls are only recorded.
+    void PaintChildren(ClassicPainter& painter, const Node& node, int originX, int originY, RenderedForm& out,
+        bool paint = true);
+    bool NeedsPainting(const ControlView& view) const;
+    // The window size and client area as the processor answers them.
+    PixelRect WindowClientArea(int& width, int& height);
     bool ShouldPaint(const Node& parent, const Node& child, bool lightweightPass);
 
     ControlView MakeView(const Node& parent, const Node& node, int originX, int originY);
@@ -110,6 +120,8 @@ private:
     // Pages shown through ShowTabPage, by tab control.
     std::map<const Vb6Block*, int> m_shownPages;
     std::map<std::string, std::optional<FrxFile>> m_frxFiles;
+    // While drawing over an earlier drawing: the area drawn anew.
+    std::optional<PixelRect> m_redrawn;
 };
 
 }  // namespace scriv

@@ -294,6 +294,28 @@ int CW_IDEVB6Context::ActivateComponent(int objType, const std::string& objName,
     return component->windowHandle;
 }
 
+namespace {
+
+// The tab controls whose page differs between two sets of pages shown (a tab
+// control missing from one shows its first page there).
+std::set<std::string> TurnedTabControls(const std::map<std::string, int>& before, const std::map<std::string, int>& after)
+{
+    std::set<std::string> turned;
+    auto pageIn = [](const std::map<std::string, int>& pages, const std::string& name) {
+        auto found = pages.find(name);
+        return found == pages.end() ? 0 : found->second;
+    };
+    for (const auto& [name, page] : before)
+        if (pageIn(after, name) != page)
+            turned.insert(name);
+    for (const auto& [name, page] : after)
+        if (pageIn(before, name) != page)
+            turned.insert(name);
+    return turned;
+}
+
+}  // namespace
+
 void CW_IDEVB6Context::RenderComponent(Component& component)
 {
     if (!component.file)
@@ -305,14 +327,19 @@ void CW_IDEVB6Context::RenderComponent(Component& component)
         if (page != 0)
             pages.emplace(tabControl, page);
     std::pair<bool, std::map<std::string, int>> state { component.designView, pages };
-    if (component.drawnState == state && RenderedWindows().Find(component.windowHandle))
+    bool drawn = RenderedWindows().Find(component.windowHandle) != nullptr;
+    if (component.drawnState == state && drawn)
         return;
+    // Only the tab controls that turned to another page are drawn again.
+    std::optional<std::set<std::string>> turned;
+    if (drawn && component.drawnState && component.drawnState->first == state.first)
+        turned = TurnedTabControls(component.drawnState->second, state.second);
     component.drawnState = std::move(state);
     CW_IDEVB6FormProcessor processor(*component.file, component.windowHandle);
     IHostObject* form = processor.FindActualFormOfComponent(processor.Component(), false, false);
     processor.SetFirstPageVisibleForTabControls(form);
     RenderFormWindow(component.windowHandle, processor, form, *component.file, RenderOptions { component.designView },
-        component.shownPages, kMainWindowHandle);
+        component.shownPages, kMainWindowHandle, turned ? &*turned : nullptr);
     processor.Terminate();
 }
 

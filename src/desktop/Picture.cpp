@@ -110,6 +110,22 @@ Picture Picture::Crop(int left, int top, int width, int height) const
     return part;
 }
 
+void Picture::Paste(const Picture& part, int left, int top)
+{
+    int fromX = std::max(left, 0);
+    int toX = std::min(left + part.m_width, m_width);
+    int fromY = std::max(top, 0);
+    int toY = std::min(top + part.m_height, m_height);
+    if (fromX >= toX || fromY >= toY)
+        return;
+    std::size_t rowBytes = static_cast<std::size_t>(toX - fromX) * 3;
+    for (int y = fromY; y < toY; ++y) {
+        const std::uint8_t* in
+            = part.m_bytes.data() + (static_cast<std::size_t>(y - top) * part.m_width + (fromX - left)) * 3;
+        std::memcpy(m_bytes.data() + (static_cast<std::size_t>(y) * m_width + fromX) * 3, in, rowBytes);
+    }
+}
+
 bool Picture::WritePng(const std::string& path) const
 {
     cairo_surface_t* surface = ToSurface();

@@ -53,6 +53,9 @@ public:
     // The part at left, top of that size. What lies outside the picture is
     // black, as a screen copy of an area off the window would be.
     Picture Crop(int left, int top, int width, int height) const;
+    // Copies part over this picture with its top left corner at left, top;
+    // what falls outside this picture is left out.
+    void Paste(const Picture& part, int left, int top);
 
     // Writes a PNG file (for looking at renderings); false on failure.
     bool WritePng(const std::string& path) const;

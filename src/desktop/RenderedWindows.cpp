@@ -1,5 +1,7 @@
 #include "desktop/RenderedWindows.h"
 
+#include <algorithm>
+
 #include "host/IClientFormProcessor.h"
 #include "host/vb6/Vb6FormFile.h"
 
@@ -69,8 +71,33 @@ std::string WindowClassName(const Vb6FormFile& file)
     }
 }
 
+namespace {
+
+// The area the named controls take in a drawing; nothing when one is not in it.
+std::optional<PixelRect> AreaOf(const RenderedForm& drawing, const std::set<std::string>& names)
+{
+    std::optional<PixelRect> area;
+    for (const std::string& name : names) {
+        const RenderedControl* control = drawing.Find(name);
+        if (!control)
+            return std::nullopt;
+        if (!area) {
+            area = control->rect;
+            continue;
+        }
+        int left = std::min(area->left, control->rect.left);
+        int top = std::min(area->top, control->rect.top);
+        area = PixelRect { left, top, std::max(area->Right(), control->rect.Right()) - left,
+            std::max(area->Bottom(), control->rect.Bottom()) - top };
+    }
+    return area.value_or(PixelRect {});
+}
+
+}  // namespace
+
 const RenderedWindow* RenderFormWindow(int handle, IClientFormProcessor& processor, IHostObject* form,
-    const Vb6FormFile& file, const RenderOptions& options, const std::map<std::string, int>& pages, int parent)
+    const Vb6FormFile& file, const RenderOptions& options, const std::map<std::string, int>& pages, int parent,
+    const std::set<std::string>* redrawnTabControls)
 {
     if (handle == 0)
         return nullptr;
@@ -84,7 +111,9 @@ const RenderedWindow* RenderFormWindow(int handle, IClientFormProcessor& process
     window.text = processor.ComponentWindowCaptionGet(form);
     window.caption = file.Form().Text("Caption");
     window.name = file.Form().Name();
-    window.form = renderer.Render();
+    const RenderedWindow* earlier = redrawnTabControls ? RenderedWindows().Find(handle) : nullptr;
+    std::optional<PixelRect> area = earlier ? AreaOf(earlier->form, *redrawnTabControls) : std::nullopt;
+    window.form = area ? renderer.RenderOver(earlier->form, *area) : renderer.Render();
     RenderedWindows().Register(std::move(window));
     return RenderedWindows().Find(handle);
 }

@@ -1,6 +1,8 @@
 #pragma once
 
 #include <map>
+#include <optional>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -53,8 +55,11 @@ std::string WindowClassName(const Vb6FormFile& file);
 // first (tab control name to page), and registers the drawing under handle
 // with the processor's designer window caption as its text. Answers the
 // registered window, or null for a handle of 0.
+// With redrawnTabControls, the window of that handle was drawn before in the
+// same view and only those tab controls show other pages now: their area
+// alone is drawn anew (the whole form when one of them is not in the drawing).
 const RenderedWindow* RenderFormWindow(int handle, IClientFormProcessor& processor, IHostObject* form,
     const Vb6FormFile& file, const RenderOptions& options = {}, const std::map<std::string, int>& pages = {},
-    int parent = 0);
+    int parent = 0, const std::set<std::string>* redrawnTabControls = nullptr);
 
 }  // namespace scriv

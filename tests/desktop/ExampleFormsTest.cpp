@@ -90,6 +90,7 @@ std::vector<const Vb6Block*> TabControls(const Vb6FormFile& file)
 struct Checked {
     int forms { 0 };
     int records { 0 };
+    int redrawn { 0 };
 };
 
 // Renders the form once as it stands and once for every page of every tab
@@ -119,10 +120,26 @@ void CheckForm(const CW_IDEVB6Context::Component& component, Checked& checked)
         }
     };
     renderAndCompare("as opened");
+    RenderedForm earlier = renderer.Render();
     for (const Vb6Block* tab : TabControls(*component.file)) {
         for (int page = 0; page < ToInt(tab->Number("Tabs", 3)); ++page) {
             ASSERT_TRUE(renderer.ShowTabPage(tab->IndexedName(), page)) << tab->IndexedName();
-            renderAndCompare(tab->IndexedName() + " page " + std::to_string(page));
+            std::string state = tab->IndexedName() + " page " + std::to_string(page);
+            renderAndCompare(state);
+            // Drawing only the tab control over the drawing before gives the same pixels and records.
+            RenderedForm whole = renderer.Render();
+            const RenderedControl* turned = earlier.Find(tab->IndexedName());
+            if (!turned)
+                continue;
+            RenderedForm over = renderer.RenderOver(earlier, turned->rect);
+            EXPECT_TRUE(over.picture == whole.picture) << component.name << " " << state;
+            ASSERT_EQ(over.controls.size(), whole.controls.size()) << component.name << " " << state;
+            for (std::size_t i = 0; i < whole.controls.size(); ++i) {
+                EXPECT_EQ(over.controls[i].name, whole.controls[i].name);
+                EXPECT_EQ(over.controls[i].rect, whole.controls[i].rect) << over.controls[i].name;
+            }
+            ++checked.redrawn;
+            earlier = std::move(whole);
         }
     }
     for (const std::string& name : described)
@@ -147,6 +164,8 @@ TEST(ExampleFormsTest, EveryControlOfTheDescriptionIsDrawnWhereTheProcessorPutsI
     EXPECT_EQ(checked.forms, 16);
     // The examples hold well over a hundred documented controls.
     EXPECT_GT(checked.records, 300);
+    // Tab pages of the order form and the inventory's item form.
+    EXPECT_GE(checked.redrawn, 3);
 }
 
 TEST(ExampleFormsTest, TheOrderFormShowsEachPageOfItsTabControlInTurn)
