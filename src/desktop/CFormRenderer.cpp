@@ -230,7 +230,7 @@ PixelRect Intersection(const PixelRect& a, const PixelRect& b)
 
 }  // namespace
 
-RenderedForm CFormRenderer::RenderOver(const RenderedForm& earlier, const PixelRect& area)
+RenderedForm CFormRenderer::RenderOver(RenderedForm earlier, const PixelRect& area)
 {
     int width = 0;
     int height = 0;
@@ -257,7 +257,7 @@ RenderedForm CFormRenderer::RenderOver(const RenderedForm& earlier, const PixelR
     }
     m_redrawn.reset();
     cairo_destroy(cr);
-    out.picture = earlier.picture;
+    out.picture = std::move(earlier.picture);
     if (!redrawn.Empty())
         out.picture.Paste(Picture::FromSurface(surface), redrawn.left, redrawn.top);
     cairo_surface_destroy(surface);

@@ -75,7 +75,7 @@ public:
     // only what lies in area (window pixels) differs, such as a tab control
     // that shows another page: gives what Render gives, drawing only that area.
     // An earlier drawing of another size is drawn anew.
-    RenderedForm RenderOver(const RenderedForm& earlier, const PixelRect& area);
+    RenderedForm RenderOver(RenderedForm earlier, const PixelRect& area);
 
 private:
     // Whether the form's RightToLeft is set: its text reads from the right and

@@ -27,6 +27,16 @@ bool CRenderedWindows::Remove(int handle)
     return m_windows.erase(handle) > 0;
 }
 
+std::optional<RenderedWindow> CRenderedWindows::Take(int handle)
+{
+    auto found = m_windows.find(handle);
+    if (found == m_windows.end())
+        return std::nullopt;
+    RenderedWindow window = std::move(found->second);
+    m_windows.erase(found);
+    return window;
+}
+
 void CRenderedWindows::Clear()
 {
     m_windows.clear();
@@ -111,9 +121,9 @@ const RenderedWindow* RenderFormWindow(int handle, IClientFormProcessor& process
     window.text = processor.ComponentWindowCaptionGet(form);
     window.caption = file.Form().Text("Caption");
     window.name = file.Form().Name();
-    const RenderedWindow* earlier = redrawnTabControls ? RenderedWindows().Find(handle) : nullptr;
+    std::optional<RenderedWindow> earlier = redrawnTabControls ? RenderedWindows().Take(handle) : std::nullopt;
     std::optional<PixelRect> area = earlier ? AreaOf(earlier->form, *redrawnTabControls) : std::nullopt;
-    window.form = area ? renderer.RenderOver(earlier->form, *area) : renderer.Render();
+    window.form = area ? renderer.RenderOver(std::move(earlier->form), *area) : renderer.Render();
     RenderedWindows().Register(std::move(window));
     return RenderedWindows().Find(handle);
 }

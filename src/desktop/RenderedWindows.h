@@ -34,6 +34,8 @@ public:
     // The window of that handle, or null.
     const RenderedWindow* Find(int handle) const;
     bool Remove(int handle);
+    // Removes the window of that handle and hands it over; nothing when there is none.
+    std::optional<RenderedWindow> Take(int handle);
     void Clear();
     std::size_t Count() const { return m_windows.size(); }
     // Every window, in the order of their handles.

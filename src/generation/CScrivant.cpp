@@ -254,6 +254,7 @@ std::uint32_t CScrivant::ProcessHelpTreeAndGenerateHelp(bool regenerating)
         // or frame is drawn.
         m_pictureWriter = std::make_unique<PictureFileWriter>();
         bool cancelled = ProcessHelpTreeAndGenerateHelp1(0, *root, total, counter, regenerating);
+        ReportFailedPictures(m_pictureWriter->Finish());
         m_pictureWriter.reset();
         if (cancelled)
             Data().State().GenerationInterrupted = true;
@@ -553,10 +554,12 @@ std::unique_ptr<CXmlForm> CScrivant::DescribeSourceObject(int type, const std::s
             Screenshot screenshot;
             screenshot.SetPictureWriter(m_pictureWriter.get());
             screenshot.LocateObjectsAndTakeScreenshots(*form, FolderOf(form->PicFullPath()));
-            // The topic names only the pictures that are there.
-            if (m_pictureWriter)
-                for (const std::string& failed : m_pictureWriter->Finish())
-                    TraceLog().addMessage("CScrivant.DescribeSourceObject: cannot write the picture " + failed, true);
+            // The topic shows the form's picture only when it is there; the
+            // pictures of its frames and pages are written meanwhile.
+            if (m_pictureWriter) {
+                m_pictureWriter->WaitFor(form->PicFullPath());
+                ReportFailedPictures(m_pictureWriter->TakeFailures());
+            }
             Data().GenerationStats().ScreenshotsCount += screenshot.PicturesTaken() > 0 ? 1 : 0;
         }
     }
@@ -569,6 +572,12 @@ std::unique_ptr<CXmlForm> CScrivant::DescribeSourceObject(int type, const std::s
     if (form->HtmlFullPath().empty())
         form->SetHtmlFullPath(page);
     return form;
+}
+
+void CScrivant::ReportFailedPictures(const std::vector<std::string>& paths)
+{
+    for (const std::string& failed : paths)
+        TraceLog().addMessage("CScrivant.DescribeSourceObject: cannot write the picture " + failed, true);
 }
 
 std::unique_ptr<CXmlForm> CScrivant::CreateNormalizedXmlDef(int objectType, const std::string& name, int hwnd,

@@ -90,6 +90,7 @@ private:
     void ProcessSourceObject(CHelpPrjTreeNode& node);
     void WriteObjectPage(CXmlForm& form, int type, const std::string& page);
     void SetPageTitle(CXmlForm& form, const std::string& page);
+    void ReportFailedPictures(const std::vector<std::string>& paths);
     void WritePlainTopic(CHelpPrjTreeNode& node, const std::vector<std::string>& replacements);
     void NameListPage(CHelpPrjTreeNode& node);
     void WriteListPage(CHelpPrjTreeNode& node);

@@ -1,5 +1,6 @@
 #include "screenshots/PictureFileWriter.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "desktop/BmpFile.h"
@@ -63,6 +64,21 @@ std::vector<std::string> PictureFileWriter::Finish()
     return std::exchange(m_failed, {});
 }
 
+void PictureFileWriter::WaitFor(const std::string& path)
+{
+    std::unique_lock lock(m_mutex);
+    m_changed.wait(lock, [&] {
+        bool queued = std::any_of(m_queue.begin(), m_queue.end(), [&](const Job& job) { return job.path == path; });
+        return !queued && !(m_busy && m_busyPath == path);
+    });
+}
+
+std::vector<std::string> PictureFileWriter::TakeFailures()
+{
+    std::lock_guard lock(m_mutex);
+    return std::exchange(m_failed, {});
+}
+
 void PictureFileWriter::Run()
 {
     std::unique_lock lock(m_mutex);
@@ -74,6 +90,7 @@ void PictureFileWriter::Run()
         m_queue.pop_front();
         m_queuedBytes -= job.picture.Bytes().size();
         m_busy = true;
+        m_busyPath = job.path;
         lock.unlock();
         m_changed.notify_all();
         bool written = WritePictureFile(job.picture, job.path, job.format);

@@ -29,6 +29,12 @@ public:
     // Waits until every queued picture is written, and answers the paths of
     // those that could not be written since the last call.
     std::vector<std::string> Finish();
+    // Waits until the picture queued for path, if any, is written or has
+    // failed; the pictures queued after it go on being written.
+    void WaitFor(const std::string& path);
+    // The paths of the pictures that could not be written since the last
+    // call, without waiting.
+    std::vector<std::string> TakeFailures();
 
 private:
     struct Job {
@@ -45,6 +51,8 @@ private:
     std::vector<std::string> m_failed;
     std::size_t m_queuedBytes { 0 };
     bool m_busy { false };
+    // The path of the picture being written while busy.
+    std::string m_busyPath;
     bool m_stopping { false };
     std::thread m_thread;
 };

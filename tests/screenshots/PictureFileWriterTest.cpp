@@ -47,6 +47,26 @@ TEST(PictureFileWriter, PicturesThatCannotBeWrittenAreNamedOnce)
     EXPECT_TRUE(DecodeJpeg(folder.Read("d.jpg")));
 }
 
+TEST(PictureFileWriter, WaitingForOnePictureFindsItOnDiskAndLeavesTheRestGoing)
+{
+    test::TempFolder folder;
+    PictureFileWriter writer;
+    for (int i = 0; i < 30; ++i)
+        writer.Write(Gradient(400, 300, i), folder / ("p" + std::to_string(i) + ".png"), "png");
+    writer.WaitFor(folder / "p3.png");
+    std::optional<Picture> third = DecodePng(folder.Read("p3.png"));
+    ASSERT_TRUE(third);
+    EXPECT_TRUE(*third == Gradient(400, 300, 3));
+    // A path never queued does not wait.
+    writer.WaitFor(folder / "never.png");
+    writer.Write(Gradient(10, 10, 0), "/proc/no-such-folder/x.png", "png");
+    writer.WaitFor("/proc/no-such-folder/x.png");
+    EXPECT_EQ(writer.TakeFailures(), (std::vector<std::string> { "/proc/no-such-folder/x.png" }));
+    EXPECT_TRUE(writer.TakeFailures().empty());
+    EXPECT_TRUE(writer.Finish().empty());
+    EXPECT_TRUE(FileExists(folder / "p29.png"));
+}
+
 TEST(PictureFileWriter, PicturesLargerThanTheQueueStillPass)
 {
     test::TempFolder folder;
