@@ -4,7 +4,9 @@
 #include <cstdint>
 #include <cstdio>
 #include <map>
+#include <future>
 #include <optional>
+#include <thread>
 
 #include "foundation/CTraceLog.h"
 #include "foundation/CUTF8File.h"
@@ -301,25 +303,56 @@ std::vector<std::string> SiteSearchExclusions(std::string_view projectFileName)
     return { "hh_index_java.htm", "hh_toc_java.htm", "main.htm", std::string(projectFileName) + "TOC.htm" };
 }
 
+namespace {
+
+// What the index takes of each page: the cached entry when the page's text is
+// as it was, else the page read again. Pages are read on every core: parsing
+// them is most of the work.
+std::vector<CachedPage> ReadPages(const std::string& folder, const std::vector<std::string>& names,
+    SearchCache& previous)
+{
+    std::vector<CachedPage> pages(names.size());
+    // Each thread takes every step-th page, so no two touch the same entry.
+    auto readEvery = [&](std::size_t first, std::size_t step) {
+        for (std::size_t i = first; i < names.size(); i += step) {
+            std::string html = ReadTextFile(folder + names[i]);
+            std::string digest = TextDigest(html);
+            auto known = previous.find(names[i]);
+            pages[i] = known != previous.end() && known->second.digest == digest
+                ? std::move(known->second)
+                : CachedPage { digest, SiteSearchIndex::ReadPage(names[i], html) };
+        }
+    };
+    std::size_t threads = std::clamp<std::size_t>(std::thread::hardware_concurrency(), 1, 8);
+    threads = std::min(threads, std::max<std::size_t>(names.size() / 16, 1));
+    std::vector<std::future<void>> others;
+    for (std::size_t t = 1; t < threads; ++t)
+        others.push_back(std::async(std::launch::async, readEvery, t, threads));
+    readEvery(0, threads);
+    for (std::future<void>& other : others)
+        other.get();
+    return pages;
+}
+
+}  // namespace
+
 void WriteSiteSearch(const std::string& folder, const std::string& projectFileName, const std::string& cacheFile)
 {
     std::string target = AddBackslash(folder);
     std::vector<std::string> excluded = SiteSearchExclusions(projectFileName);
+    std::vector<std::string> names;
+    for (std::string& name : ListFiles(target, "*.htm")) {
+        bool skip = std::any_of(excluded.begin(), excluded.end(), [&name](const std::string& other) { return EqualsNoCase(name, other); });
+        if (!skip)
+            names.push_back(std::move(name));
+    }
     SearchCache previous = cacheFile.empty() ? SearchCache() : ReadSearchCache(cacheFile);
+    std::vector<CachedPage> pages = ReadPages(target, names, previous);
     SearchCache current;
     SiteSearchIndex index;
-    for (const std::string& name : ListFiles(target, "*.htm")) {
-        bool skip = std::any_of(excluded.begin(), excluded.end(), [&name](const std::string& other) { return EqualsNoCase(name, other); });
-        if (skip)
-            continue;
-        std::string html = ReadTextFile(target + name);
-        std::string digest = TextDigest(html);
-        auto known = previous.find(name);
-        CachedPage page = known != previous.end() && known->second.digest == digest
-            ? std::move(known->second)
-            : CachedPage { digest, SiteSearchIndex::ReadPage(name, html) };
-        index.AddEntry(name, page.entry);
-        current.emplace(name, std::move(page));
+    for (std::size_t i = 0; i < names.size(); ++i) {
+        index.AddEntry(names[i], pages[i].entry);
+        current.emplace(names[i], std::move(pages[i]));
     }
     WriteOrRaise(target + std::string(kSearchIndexScript), index.ToScript());
     WriteOrRaise(target + std::string(kSearchPage), WithHtmlLanguage(SearchPageHtml(), ProjectPageLanguage()));

@@ -198,6 +198,27 @@ TEST_F(BrowserHelpTest, TheSearchCacheGivesTheSameIndexAndAChangedPageIsReadAgai
     EXPECT_EQ(again, m_help.Read("ss_index.js"));
 }
 
+TEST_F(BrowserHelpTest, ManyPagesReadOnSeveralThreadsGiveTheIndexOfOnePageAfterAnother)
+{
+    // Enough pages to be read on more than one thread, each with a word of its own.
+    SiteSearchIndex expected;
+    std::vector<std::string> names;
+    for (int i = 0; i < 150; ++i) {
+        std::string name = "page" + std::to_string(1000 + i) + ".htm";
+        std::string html = Topic("Page " + std::to_string(i), "<p>shared word" + std::to_string(i) + "x</p>");
+        m_help.Write(name, html);
+        names.push_back(name);
+    }
+    std::sort(names.begin(), names.end());
+    for (const std::string& name : names)
+        expected.AddPage(name, m_help.Read(name));
+    WriteSiteSearch(m_help.Path(), "Orders", m_help / "SiteSearch.cache");
+    EXPECT_EQ(m_help.Read("ss_index.js"), expected.ToScript());
+    // From the cache the same again.
+    WriteSiteSearch(m_help.Path(), "Orders", m_help / "SiteSearch.cache");
+    EXPECT_EQ(m_help.Read("ss_index.js"), expected.ToScript());
+}
+
 TEST_F(BrowserHelpTest, ATitleWithABackslashComesBackFromTheCacheUnchanged)
 {
     std::string cache = m_help / "SiteSearch.cache";
