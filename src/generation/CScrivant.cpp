@@ -471,6 +471,8 @@ void CScrivant::ProcessSourceObject(CHelpPrjTreeNode& node)
         form->SaveXml(folder, folder + node.XmlFormFileName());
     }
     SetPageTitle(*form, page);
+    // The page and its description were just made from each other.
+    node.SetDefinitionsPageCheckSum(CalcTextFileCheckSum(page));
     Trace("ProcessHelpTreeAndGenerateHelp1: " + node.Name() + " has " + std::to_string(form->Controls().Count())
         + " controls");
 }

@@ -88,6 +88,13 @@ bool DocumentedControlsListed()
 }
 
 
+// Whether the node's page is as it was when its definitions were last derived from it.
+bool DefinitionsInStepWithPage(const CHelpPrjTreeNode& node)
+{
+    const std::string& sum = node.DefinitionsPageCheckSum();
+    return !sum.empty() && sum == CalcTextFileCheckSum(node.GeneratedHTMLFileFullPath());
+}
+
 std::uint32_t WriteSitemap(const std::string& path, const std::string& text, const char* source)
 {
     if (path.empty())
@@ -112,7 +119,7 @@ std::string HHCStr(CHelpPrjTreeNode& node, int level, bool skipSerializerNodes, 
         return {};
     std::string out = HhcEntry(level, EntryText(node), node.LocalLink());
     std::string children;
-    if (node.IsObjectTopic() && node.HelpPrjTree()) {
+    if (node.IsObjectTopic() && node.HelpPrjTree() && !DefinitionsInStepWithPage(node)) {
         CHelpPrjFileCheckSum* checkSum = node.HelpPrjTree()->GetCheckSumObject(node.GeneratedHTMLFileFullPath(), false);
         if (!checkSum || checkSum->CheckSumChanged()) {
             if (MakeXmlFormControlDefs(node) && node.ChildCount() > 0)
@@ -241,6 +248,7 @@ bool MakeXmlFormControlDefs(CHelpPrjTreeNode& node)
     bool changed = form.MakeDefs(page, true);
     if (changed)
         form.SaveXml(FolderOf(xmlPath), xmlPath);
+    node.SetDefinitionsPageCheckSum(CalcTextFileCheckSum(page));
     return changed;
 }
 
