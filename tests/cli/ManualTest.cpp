@@ -318,8 +318,9 @@ TEST_F(ManualTest, TheBrowserManualHasEveryTopicInItsContentsTree)
     EXPECT_NE(ReadPage(folder + "main.htm").find("src=\"" + m_topics.front().page + "\""), std::string::npos);
     for (const ManualTopic& topic : m_topics) {
         EXPECT_TRUE(FileExists(folder + topic.page)) << topic.page;
-        if (&topic != &m_topics.front())
+        if (&topic != &m_topics.front()) {
             EXPECT_NE(tree.find("href=\"" + topic.page + "\""), std::string::npos) << topic.page;
+        }
     }
     EXPECT_TRUE(FileExists(folder + "images/OrderDesk_frmCustomer.png"));
     // The project's own files stay in the build: they name the build's folders.
@@ -375,8 +376,9 @@ TEST_F(ManualTest, EveryPageOfTheWizardHasASectionWithItsOptions)
         EXPECT_TRUE(HasAnchor(page, name)) << name;
         for (const pugi::xml_node& control : entry.child("Controls").children("Control")) {
             std::string option = control.attribute("OptionName").value();
-            if (!option.empty())
+            if (!option.empty()) {
                 EXPECT_NE(page.find("<code>" + option + "</code>"), std::string::npos) << name << ": " << option;
+            }
         }
     }
     EXPECT_GE(pages, 10u);

@@ -19,42 +19,13 @@
 #include "host/CW_IDEVB6FormProcessor.h"
 #include "host/vb6/Vb6Block.h"
 #include "host/vb6/Vb6FormFile.h"
+#include "support/ImageMaps.h"
 #include "support/TestSupport.h"
 
 namespace scriv {
 namespace {
 
-struct Area {
-    std::string href;
-    int left, top, right, bottom;
-};
-
-struct Map {
-    std::string name;
-    std::vector<Area> areas;
-};
-
-std::vector<Map> MapsOf(const std::string& page)
-{
-    std::vector<Map> maps;
-    std::regex mapPattern("<MAP NAME=\"([^\"]+)\">([\\s\\S]*?)</MAP>");
-    std::regex areaPattern("COORDS=\"(-?\\d+),(-?\\d+),(-?\\d+),(-?\\d+)\" HREF=\"#([^\"]+)\"");
-    for (std::sregex_iterator it(page.begin(), page.end(), mapPattern), end; it != end; ++it) {
-        Map map { (*it)[1], {} };
-        std::string body = (*it)[2];
-        for (std::sregex_iterator a(body.begin(), body.end(), areaPattern); a != end; ++a)
-            map.areas.push_back({ (*a)[5], std::stoi((*a)[1]), std::stoi((*a)[2]), std::stoi((*a)[3]), std::stoi((*a)[4]) });
-        maps.push_back(std::move(map));
-    }
-    return maps;
-}
-
-std::string MetaFormName(const std::string& page)
-{
-    std::smatch match;
-    std::regex pattern("<meta name=\"SCRIVANT-FORM-NAME\" content=\"([^\"]+)\">");
-    return std::regex_search(page, match, pattern) ? std::string(match[1]) : std::string();
-}
+using test::MetaFormName;
 
 // The pages (tab control, page) a control stands on, outermost first.
 std::vector<std::pair<std::string, int>> OuterPages(const Vb6Block& control)
@@ -145,7 +116,7 @@ void CheckProject(const std::string& projectFile, const std::string& helpFolder,
         EXPECT_EQ(decoded->Width(), picture.Width()) << page;
         EXPECT_EQ(decoded->Height(), picture.Height()) << page;
 
-        for (const Map& map : MapsOf(text)) {
+        for (const test::ImageMap& map : test::ImageMapsOf(text)) {
             // A control's own map lies on its picture; a page's on its tab control's.
             std::string parent = map.name == formName ? std::string() : map.name.substr(formName.size() + 1);
             PixelRect origin { 0, 0, 0, 0 };
@@ -156,7 +127,7 @@ void CheckProject(const std::string& projectFile, const std::string& helpFolder,
                 ASSERT_TRUE(drawn.count(parent)) << page << " " << map.name;
                 origin = drawn[parent];
             }
-            for (const Area& area : map.areas) {
+            for (const test::MapArea& area : map.areas) {
                 std::string name = area.href.substr(formName.size() + 1);
                 ASSERT_TRUE(drawn.count(name)) << page << " " << area.href;
                 const PixelRect& rect = drawn[name];

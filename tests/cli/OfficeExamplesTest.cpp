@@ -183,9 +183,11 @@ TEST(OfficeExamples, AWorkbooksWorksheetsChartsAndFormsHaveTopics)
     }
     ASSERT_EQ(byName.size(), 9u);
     // A label is no section of its own: its caption names the list below it.
-    for (const auto& [name, control] : byName)
-        if (control->type != MsFormsControlType::Label)
+    for (const auto& [name, control] : byName) {
+        if (control->type != MsFormsControlType::Label) {
             EXPECT_NE(form.find("<a name=\"frmFilter_" + name + "\">"), std::string::npos) << name;
+        }
+    }
     EXPECT_NE(form.find("<a name=\"frmFilter_lstRegions\">Regions</a>"), std::string::npos);
     for (const char* caption : { "Apply", "Cancel", "Whole year", "Last quarter", "Show totals" })
         EXPECT_NE(form.find(caption), std::string::npos) << caption;

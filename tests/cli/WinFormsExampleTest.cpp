@@ -17,42 +17,13 @@
 #include "foundation/System.h"
 #include "host/vs/CW_IDEVSFormProcessor.h"
 #include "host/vs/WinFormDesign.h"
+#include "support/ImageMaps.h"
 #include "support/TestSupport.h"
 
 namespace scriv {
 namespace {
 
-struct Area {
-    std::string href;
-    int left, top, right, bottom;
-};
-
-struct Map {
-    std::string name;
-    std::vector<Area> areas;
-};
-
-std::vector<Map> MapsOf(const std::string& page)
-{
-    std::vector<Map> maps;
-    std::regex mapPattern("<MAP NAME=\"([^\"]+)\">([\\s\\S]*?)</MAP>");
-    std::regex areaPattern("COORDS=\"(-?\\d+),(-?\\d+),(-?\\d+),(-?\\d+)\" HREF=\"#([^\"]+)\"");
-    for (std::sregex_iterator it(page.begin(), page.end(), mapPattern), end; it != end; ++it) {
-        Map map { (*it)[1], {} };
-        std::string body = (*it)[2];
-        for (std::sregex_iterator a(body.begin(), body.end(), areaPattern); a != end; ++a)
-            map.areas.push_back({ (*a)[5], std::stoi((*a)[1]), std::stoi((*a)[2]), std::stoi((*a)[3]), std::stoi((*a)[4]) });
-        maps.push_back(std::move(map));
-    }
-    return maps;
-}
-
-std::string MetaFormName(const std::string& page)
-{
-    std::smatch match;
-    std::regex pattern("<meta name=\"SCRIVANT-FORM-NAME\" content=\"([^\"]+)\">");
-    return std::regex_search(page, match, pattern) ? std::string(match[1]) : std::string();
-}
+using test::MetaFormName;
 
 // Where the renderer drew every control of a form, each page of each tab control shown in turn.
 std::map<std::string, PixelRect> DrawnControls(const WinFormDesign& design, Picture& picture)
@@ -119,7 +90,7 @@ TEST(WinFormsExample, TheSolutionsTopicsHavePicturesWhoseMapsLieOnTheControls)
         ASSERT_TRUE(saved) << page;
         EXPECT_EQ(saved->Width(), picture.Width()) << page;
         EXPECT_EQ(saved->Height(), picture.Height()) << page;
-        for (const Map& map : MapsOf(text)) {
+        for (const test::ImageMap& map : test::ImageMapsOf(text)) {
             std::string parent = map.name == formName ? std::string() : map.name.substr(formName.size() + 1);
             PixelRect origin;
             if (!parent.empty()) {
@@ -129,7 +100,7 @@ TEST(WinFormsExample, TheSolutionsTopicsHavePicturesWhoseMapsLieOnTheControls)
                 ASSERT_TRUE(drawn.count(parent)) << page << " " << map.name;
                 origin = drawn[parent];
             }
-            for (const Area& area : map.areas) {
+            for (const test::MapArea& area : map.areas) {
                 std::string name = area.href.substr(formName.size() + 1);
                 ASSERT_TRUE(drawn.count(name)) << page << " " << area.href;
                 const PixelRect& rect = drawn[name];

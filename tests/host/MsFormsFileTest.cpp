@@ -96,11 +96,6 @@ CompoundStorage OneLabel(std::string_view caption, std::uint32_t sizeAndFlag)
     return storage;
 }
 
-std::string TraceText()
-{
-    return ReadFileText(TraceLog().Folder() + "trace.xml.txt").value_or("");
-}
-
 class MsFormsFileTest : public test::CoreFixture {
 };
 

@@ -245,7 +245,7 @@ std::string FormatDate(double serial, bool withTime)
     long d = doy - (153 * mp + 2) / 5 + 1;
     long m = mp + (mp < 10 ? 3 : -9);
     y += m <= 2 ? 1 : 0;
-    char buffer[32];
+    char buffer[64];
     std::snprintf(buffer, sizeof buffer, "%04ld-%02ld-%02ld", y, m, d);
     std::string text = buffer;
     if (withTime) {

@@ -233,7 +233,8 @@ private:
 
     Vb6Property MakeProperty(const Vb6Line& line, int lineNumber) const
     {
-        return Vb6Property { Decode(line.name), Decode(line.value), Decode(line.comment), lineNumber, line.valueOffset };
+        return Vb6Property { Decode(line.name), Decode(line.value), Decode(line.comment), lineNumber, line.valueOffset,
+            std::nullopt };
     }
 
     std::string Decode(std::string_view bytes) const { return DecodeVb6(bytes, m_file.m_codePage); }
@@ -502,7 +503,8 @@ void Vb6FormFile::AddLine(Vb6Block& block, std::string_view name, std::string_vi
     std::string end = m_lines[at].end;
     if (end.empty())
         end = at > 0 && !m_lines[at - 1].end.empty() ? m_lines[at - 1].end : std::string(kCrLf);
-    Vb6Property property = Vb6Property { std::string(name), DecodeVb6(line->value, m_codePage), DecodeVb6(line->comment, m_codePage), lineNumber, line->valueOffset };
+    Vb6Property property = Vb6Property { std::string(name), DecodeVb6(line->value, m_codePage),
+        DecodeVb6(line->comment, m_codePage), lineNumber, line->valueOffset, std::nullopt };
     ShiftLines(lineNumber);
     m_lines.insert(m_lines.begin() + static_cast<std::ptrdiff_t>(at), Vb6RawLine { std::move(bytes), std::move(end) });
     block.AddProperty(std::move(property));
