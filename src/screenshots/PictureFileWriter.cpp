@@ -67,9 +67,13 @@ std::vector<std::string> PictureFileWriter::Finish()
 void PictureFileWriter::WaitFor(const std::string& path)
 {
     std::unique_lock lock(m_mutex);
+    // The picture waited for is written next, before those queued ahead of it.
+    auto queued = std::find_if(m_queue.begin(), m_queue.end(), [&](const Job& job) { return job.path == path; });
+    if (queued != m_queue.end() && queued != m_queue.begin())
+        std::rotate(m_queue.begin(), queued, std::next(queued));
     m_changed.wait(lock, [&] {
-        bool queued = std::any_of(m_queue.begin(), m_queue.end(), [&](const Job& job) { return job.path == path; });
-        return !queued && !(m_busy && m_busyPath == path);
+        bool waiting = std::any_of(m_queue.begin(), m_queue.end(), [&](const Job& job) { return job.path == path; });
+        return !waiting && !(m_busy && m_busyPath == path);
     });
 }
 

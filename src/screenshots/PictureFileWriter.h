@@ -30,7 +30,7 @@ public:
     // those that could not be written since the last call.
     std::vector<std::string> Finish();
     // Waits until the picture queued for path, if any, is written or has
-    // failed; the pictures queued after it go on being written.
+    // failed; it is written next, and the others after it.
     void WaitFor(const std::string& path);
     // The paths of the pictures that could not be written since the last
     // call, without waiting.

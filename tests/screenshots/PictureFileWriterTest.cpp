@@ -57,6 +57,11 @@ TEST(PictureFileWriter, WaitingForOnePictureFindsItOnDiskAndLeavesTheRestGoing)
     std::optional<Picture> third = DecodePng(folder.Read("p3.png"));
     ASSERT_TRUE(third);
     EXPECT_TRUE(*third == Gradient(400, 300, 3));
+    // One queued far behind is taken out of turn and is there as well.
+    writer.WaitFor(folder / "p27.png");
+    std::optional<Picture> late = DecodePng(folder.Read("p27.png"));
+    ASSERT_TRUE(late);
+    EXPECT_TRUE(*late == Gradient(400, 300, 27));
     // A path never queued does not wait.
     writer.WaitFor(folder / "never.png");
     writer.Write(Gradient(10, 10, 0), "/proc/no-such-folder/x.png", "png");
