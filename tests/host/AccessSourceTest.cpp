@@ -5,6 +5,7 @@
 
 #include "foundation/Paths.h"
 #include "foundation/ScrivError.h"
+#include "foundation/StringUtil.h"
 #include "foundation/System.h"
 #include "host/access/AccessSource.h"
 #include "support/CoreFixture.h"
@@ -309,6 +310,59 @@ TEST_F(AccessDemoDatabaseTest, AQueryWithoutExportedDefinitionHasTheSqlOfMdbQuer
     ASSERT_EQ(columns.size(), 4u);
     EXPECT_EQ(columns[2].table, "Customers");
     EXPECT_EQ(columns[2].field, "CompanyName");
+}
+
+// What a program writes to its error output, its standard output thrown away.
+std::string ErrorOutput(std::vector<std::string> command)
+{
+    command.insert(command.begin(), { "sh", "-c", "\"$@\" 2>&1 >/dev/null", "sh" });
+    std::string output;
+    ShellAndWait(command, &output);
+    return output;
+}
+
+TEST_F(AccessDemoDatabaseTest, MdbtoolsReadsEveryPartOfItWithoutAWarning)
+{
+    std::string database = test::ExamplesFolder() + "AccessDemo/AccessDemo.mdb";
+    std::vector<std::vector<std::string>> commands = {
+        { "mdb-ver", database },
+        { "mdb-tables", "-1", "-S", database },
+        { "mdb-schema", "--comments", database, "access" },
+        { "mdb-schema", database, "postgres" },
+        { "mdb-queries", "-L", "-1", database },
+        { "mdb-queries", database, "qryOpenOrders" },
+        { "mdb-queries", database, "qryOrderTotals" },
+    };
+    for (const char* table : { "Customers", "Products", "Orders", "Order Lines", "MSysObjects", "MSysQueries",
+             "MSysRelationships" })
+        commands.push_back({ "mdb-export", database, table });
+    // Only objects with properties: mdb-prop reads garbage for one without (mdbtools 1.0).
+    for (const char* object : { "Customers", "Products", "Orders", "Order Lines", "qryOpenOrders", "qryOrderTotals" })
+        commands.push_back({ "mdb-prop", database, object });
+    for (const auto& command : commands)
+        EXPECT_EQ(ErrorOutput(command), "") << Join(command, " ");
+
+    std::string output;
+    ASSERT_EQ(ShellAndWait({ "mdb-ver", database }, &output), 0);
+    EXPECT_EQ(output, "JET4\n");
+    ASSERT_EQ(ShellAndWait({ "mdb-export", "-T", "%Y-%m-%d", database, "Orders" }, &output), 0);
+    EXPECT_EQ(output, "OrderID,CustomerID,OrderDate,ShippedDate,ShipVia\n"
+                      "1001,1,\"2024-02-05\",\"2024-02-07\",\"Road\"\n"
+                      "1002,2,\"2024-02-19\",,\"Sea\"\n"
+                      "1003,1,\"2024-03-04\",,\n"
+                      "1004,3,\"2024-01-22\",\"2024-01-25\",\"Air\"\n");
+    // Text beyond ASCII, currency, a null amid the row and a boolean.
+    ASSERT_EQ(ShellAndWait({ "mdb-export", database, "Customers" }, &output), 0);
+    EXPECT_NE(output.find("3,\"Maison Rivi\xC3\xA8re\",\"Claire Dubois\",\"4 rue des Tanneurs\",\"Lyon\",\"France\",,"
+                          "2500.0000,0\n"),
+        std::string::npos)
+        << output;
+    ASSERT_EQ(ShellAndWait({ "mdb-export", database, "Order Lines" }, &output), 0);
+    EXPECT_NE(output.find("1001,2,20,6.9500,0.125\n"), std::string::npos) << output;
+    ASSERT_EQ(ShellAndWait({ "mdb-schema", database, "postgres" }, &output), 0);
+    EXPECT_NE(output.find("Relationship from \"Orders\" (\"customerid\") to \"Customers\"(\"customerid\")"),
+        std::string::npos)
+        << output;
 }
 
 TEST(AccessDemoDatabaseScript, WritesTheCommittedDatabaseByteForByte)
