@@ -411,11 +411,11 @@ def data_pages(owner, rows):
     page's rows stored from its end towards its offset table."""
     pages, batch, used = [], [], DATA_HEADER
     for row in rows:
+        if DATA_HEADER + 2 + len(row) > PAGE_SIZE:
+            raise ValueError("a row does not fit on a page")
         if used + 2 + len(row) > PAGE_SIZE:
             pages.append(data_page(owner, batch))
             batch, used = [], DATA_HEADER
-        if DATA_HEADER + 2 + len(row) > PAGE_SIZE:
-            raise ValueError("a row does not fit on a page")
         batch.append(row)
         used += 2 + len(row)
     if batch:
@@ -447,7 +447,7 @@ def usage_map(pages):
     return b"\x00" + u32(0) + bytes(bitmap)
 
 
-def column_descriptor(table, number, column, fixed_offset, variable_index):
+def column_descriptor(number, column, fixed_offset, variable_index):
     flags = UPDATABLE | (FIXED_LENGTH if column.fixed else 0)
     sort = SORT_GENERAL if column.kind in (TEXT, MEMO) else 0
     return (bytes([column.kind]) + u32(0) + u16(number) + u16(variable_index) + u16(number)
@@ -461,9 +461,9 @@ def table_definition_page(table, row_count, used_map, free_map):
     descriptors, names, variable_index = b"", b"", 0
     for number, column in enumerate(table.columns):
         if column.fixed:
-            descriptors += column_descriptor(table, number, column, offsets.get(column.name, 0), 0)
+            descriptors += column_descriptor(number, column, offsets.get(column.name, 0), 0)
         else:
-            descriptors += column_descriptor(table, number, column, 0, variable_index)
+            descriptors += column_descriptor(number, column, 0, variable_index)
             variable_index += 1
         names += u16(len(ucs2(column.name))) + ucs2(column.name)
     columns = len(table.columns)
