@@ -3,9 +3,13 @@
 #include <cstdlib>
 #include <filesystem>
 
+#include "foundation/Paths.h"
 #include "foundation/ScrivError.h"
+#include "foundation/StringUtil.h"
+#include "foundation/System.h"
 #include "host/access/AccessSource.h"
 #include "support/CoreFixture.h"
+#include "support/TestSupport.h"
 
 namespace scriv {
 namespace {
@@ -204,6 +208,178 @@ TEST_F(AccessDatabaseTest, TablesColumnsAndQueriesComeFromTheDatabase)
     ASSERT_EQ(source.Queries().size(), 1u);
     EXPECT_EQ(source.Queries()[0].name, "Invoices Filter");
     EXPECT_EQ(source.Queries()[0].sql, "SELECT Invoices.* FROM [Invoices] WHERE Invoices.OrderID=1");
+}
+
+// The example's database, read through the mdbtools installed: the same
+// tables, columns and queries as its exported definitions, and what only the
+// database holds (captions, the description of each query).
+class AccessDemoDatabaseTest : public AccessSourceTest {
+protected:
+    void SetUp() override
+    {
+        AccessSourceTest::SetUp();
+        if (FindProgramOnPath("mdb-tables").empty())
+            GTEST_SKIP() << "mdbtools is not installed";
+    }
+};
+
+TEST_F(AccessDemoDatabaseTest, TablesAndQueriesAreReadFromTheDatabase)
+{
+    std::string app = test::CopyExample("AccessDemo", m_app);
+    AccessSource source = AccessSource::Open(RemoveBackslash(app));
+    EXPECT_EQ(source.DatabaseFile(), app + "AccessDemo.mdb");
+    ASSERT_TRUE(source.ReadFromDatabase());
+
+    std::vector<std::string> names;
+    for (const AccessTable& table : source.Tables())
+        names.push_back(table.name);
+    EXPECT_EQ(names, (std::vector<std::string> { "Customers", "Products", "Orders", "Order Lines" }));
+
+    const AccessTable* customers = source.FindTable("Customers");
+    ASSERT_NE(customers, nullptr);
+    EXPECT_EQ(customers->description, "The companies that order from us, with their addresses and credit limits.");
+    ASSERT_EQ(customers->fields.size(), 9u);
+    const AccessField& company = customers->fields[1];
+    EXPECT_EQ(company.name, "CompanyName");
+    EXPECT_EQ(company.type, "Text (80)");
+    EXPECT_TRUE(company.required);
+    EXPECT_EQ(company.caption, "Company");
+    EXPECT_EQ(company.description, "The name invoices are made out to.");
+    EXPECT_EQ(customers->fields[7].type, "Currency");
+    EXPECT_EQ(customers->fields[7].description, "The most the customer may owe before new orders wait for payment.");
+    EXPECT_EQ(customers->fields[8].type, "Boolean");
+    EXPECT_TRUE(customers->fields[8].required);
+    // A field without properties is captioned with its name.
+    EXPECT_EQ(customers->fields[3].caption, "Street");
+    EXPECT_EQ(customers->fields[3].description, "");
+
+    const AccessTable* lines = source.FindTable("order lines");
+    ASSERT_NE(lines, nullptr);
+    EXPECT_EQ(lines->description, "The products of each order, with the price agreed.");
+    ASSERT_EQ(lines->fields.size(), 5u);
+    EXPECT_EQ(lines->fields[2].type, "Integer");
+    EXPECT_EQ(lines->fields[4].type, "Single");
+    EXPECT_FALSE(lines->fields[4].required);
+    EXPECT_EQ(source.FindTable("Orders")->fields[3].description, "Empty until the goods have left the warehouse.");
+    EXPECT_EQ(source.FindTable("Orders")->fields[2].type, "DateTime");
+
+    // Every table the exported schema defines has the same fields, types and requirements in the database.
+    std::vector<AccessTable> exported = ParseTableDefinitions(ReadFileText(app + "tables/Tables.sql").value_or(""));
+    ASSERT_EQ(exported.size(), source.Tables().size());
+    for (const AccessTable& table : exported) {
+        const AccessTable* read = source.FindTable(table.name);
+        ASSERT_NE(read, nullptr) << table.name;
+        EXPECT_EQ(read->description, table.description) << table.name;
+        ASSERT_EQ(read->fields.size(), table.fields.size()) << table.name;
+        for (std::size_t i = 0; i < table.fields.size(); ++i) {
+            EXPECT_EQ(read->fields[i].name, table.fields[i].name);
+            EXPECT_EQ(read->fields[i].type, table.fields[i].type) << table.fields[i].name;
+            EXPECT_EQ(read->fields[i].required, table.fields[i].required) << table.fields[i].name;
+            EXPECT_EQ(read->fields[i].description, table.fields[i].description) << table.fields[i].name;
+        }
+    }
+
+    ASSERT_EQ(source.Queries().size(), 2u);
+    const AccessQuery* open = source.FindQuery("qryOpenOrders");
+    ASSERT_NE(open, nullptr);
+    EXPECT_EQ(open->description, "The orders not shipped yet, oldest first, with the customer to ship to.");
+    // The SQL is the one Access wrote, with its join, not the one mdb-queries rebuilds.
+    EXPECT_NE(open->sql.find("INNER JOIN Orders ON Customers.CustomerID = Orders.CustomerID"), std::string::npos);
+    const AccessQuery* totals = source.FindQuery("qryOrderTotals");
+    ASSERT_NE(totals, nullptr);
+    EXPECT_EQ(totals->description, "");
+    std::vector<QueryColumn> columns = SelectColumns(totals->sql);
+    ASSERT_EQ(columns.size(), 3u);
+    EXPECT_EQ(columns[1].name, "Total");
+    EXPECT_EQ(columns[2].name, "Lines");
+}
+
+TEST_F(AccessDemoDatabaseTest, AQueryWithoutExportedDefinitionHasTheSqlOfMdbQueries)
+{
+    std::string app = test::CopyExample("AccessDemo", m_app);
+    std::filesystem::remove_all(app + "queries");
+    AccessSource source = AccessSource::Open(app + "AccessDemo.mdb");
+    ASSERT_TRUE(source.ReadFromDatabase());
+    const AccessQuery* open = source.FindQuery("qryOpenOrders");
+    ASSERT_NE(open, nullptr);
+    // mdb-queries writes the tables read, the columns and the condition; the description is the database's.
+    EXPECT_EQ(open->sql, "SELECT Orders.OrderID,Orders.OrderDate,Customers.CompanyName,Customers.City FROM "
+                         "[Orders],[Customers] WHERE (((Orders.ShippedDate) Is Null))");
+    EXPECT_EQ(open->description, "The orders not shipped yet, oldest first, with the customer to ship to.");
+    std::vector<QueryColumn> columns = SelectColumns(open->sql);
+    ASSERT_EQ(columns.size(), 4u);
+    EXPECT_EQ(columns[2].table, "Customers");
+    EXPECT_EQ(columns[2].field, "CompanyName");
+}
+
+// What a program writes to its error output, its standard output thrown away.
+std::string ErrorOutput(std::vector<std::string> command)
+{
+    command.insert(command.begin(), { "sh", "-c", "\"$@\" 2>&1 >/dev/null", "sh" });
+    std::string output;
+    ShellAndWait(command, &output);
+    return output;
+}
+
+TEST_F(AccessDemoDatabaseTest, MdbtoolsReadsEveryPartOfItWithoutAWarning)
+{
+    std::string database = test::ExamplesFolder() + "AccessDemo/AccessDemo.mdb";
+    std::vector<std::vector<std::string>> commands = {
+        { "mdb-ver", database },
+        { "mdb-tables", "-1", "-S", database },
+        { "mdb-schema", "--comments", database, "access" },
+        { "mdb-schema", database, "postgres" },
+        { "mdb-queries", "-L", "-1", database },
+        { "mdb-queries", database, "qryOpenOrders" },
+        { "mdb-queries", database, "qryOrderTotals" },
+    };
+    for (const char* table : { "Customers", "Products", "Orders", "Order Lines", "MSysObjects", "MSysQueries",
+             "MSysRelationships" })
+        commands.push_back({ "mdb-export", database, table });
+    // Only objects with properties: mdb-prop reads garbage for one without (mdbtools 1.0).
+    for (const char* object : { "Customers", "Products", "Orders", "Order Lines", "qryOpenOrders", "qryOrderTotals" })
+        commands.push_back({ "mdb-prop", database, object });
+    for (const auto& command : commands)
+        EXPECT_EQ(ErrorOutput(command), "") << Join(command, " ");
+
+    std::string output;
+    ASSERT_EQ(ShellAndWait({ "mdb-ver", database }, &output), 0);
+    EXPECT_EQ(output, "JET4\n");
+    ASSERT_EQ(ShellAndWait({ "mdb-export", "-T", "%Y-%m-%d", database, "Orders" }, &output), 0);
+    EXPECT_EQ(output, "OrderID,CustomerID,OrderDate,ShippedDate,ShipVia\n"
+                      "1001,1,\"2024-02-05\",\"2024-02-07\",\"Road\"\n"
+                      "1002,2,\"2024-02-19\",,\"Sea\"\n"
+                      "1003,1,\"2024-03-04\",,\n"
+                      "1004,3,\"2024-01-22\",\"2024-01-25\",\"Air\"\n");
+    // Text beyond ASCII, currency, a null amid the row and a boolean.
+    ASSERT_EQ(ShellAndWait({ "mdb-export", database, "Customers" }, &output), 0);
+    EXPECT_NE(output.find("3,\"Maison Rivi\xC3\xA8re\",\"Claire Dubois\",\"4 rue des Tanneurs\",\"Lyon\",\"France\",,"
+                          "2500.0000,0\n"),
+        std::string::npos)
+        << output;
+    ASSERT_EQ(ShellAndWait({ "mdb-export", database, "Order Lines" }, &output), 0);
+    EXPECT_NE(output.find("1001,2,20,6.9500,0.125\n"), std::string::npos) << output;
+    ASSERT_EQ(ShellAndWait({ "mdb-schema", database, "postgres" }, &output), 0);
+    EXPECT_NE(output.find("Relationship from \"Orders\" (\"customerid\") to \"Customers\"(\"customerid\")"),
+        std::string::npos)
+        << output;
+}
+
+TEST(AccessDemoDatabaseScript, WritesTheCommittedDatabaseByteForByte)
+{
+    if (FindProgramOnPath("python3").empty())
+        GTEST_SKIP() << "python3 is not installed";
+    test::TempFolder folder;
+    std::string script = test::ExamplesFolder() + "scripts/make-access-mdb.py";
+    std::string output;
+    ASSERT_EQ(ShellAndWait({ "python3", script, folder / "AccessDemo.mdb" }, &output), 0) << output;
+    std::optional<std::string> written = ReadFileText(folder / "AccessDemo.mdb");
+    std::optional<std::string> committed = ReadFileText(test::ExamplesFolder() + "AccessDemo/AccessDemo.mdb");
+    ASSERT_TRUE(written && committed);
+    EXPECT_EQ(written->size(), 16u * 4096u);
+    // Compared as booleans: a difference of 64 KB of bytes helps no one when printed.
+    EXPECT_TRUE(*written == *committed) << "examples/AccessDemo/AccessDemo.mdb differs from what "
+                                           "examples/scripts/make-access-mdb.py writes; run the script again";
 }
 
 }  // namespace

@@ -186,6 +186,18 @@ AccessQuery QueryFromDefinition(const std::string& name, const std::string& text
     return query;
 }
 
+using PropertiesByName = std::map<std::string, std::map<std::string, std::string>>;
+
+// The properties of the object itself among those mdb-prop printed for it, or null.
+std::map<std::string, std::string>* OwnProperties(PropertiesByName& byName, const std::string& object)
+{
+    // mdbtools names the object's own block "(none)"; older versions name it after the object.
+    auto own = byName.find("(none)");
+    if (own == byName.end())
+        own = byName.find(ToLower(object));
+    return own == byName.end() ? nullptr : &own->second;
+}
+
 }  // namespace
 
 // --- SQL definitions ---
@@ -478,12 +490,8 @@ bool AccessSource::ReadDatabase()
         // Captions and descriptions are properties of the table's columns.
         if (std::optional<std::string> properties = RunTool({ "mdb-prop", m_database, name })) {
             auto byColumn = ParseProperties(*properties);
-            // mdbtools names the table's own block "(none)"; older versions name it after the table.
-            auto own = byColumn.find("(none)");
-            if (own == byColumn.end())
-                own = byColumn.find(ToLower(name));
-            if (own != byColumn.end() && own->second.count("description"))
-                table.description = own->second["description"];
+            if (auto* own = OwnProperties(byColumn, name); own && own->count("description"))
+                table.description = (*own)["description"];
             for (AccessField& field : table.fields) {
                 auto column = byColumn.find(ToLower(field.name));
                 if (column == byColumn.end())
@@ -504,7 +512,22 @@ bool AccessSource::ReadDatabase()
                 continue;
             AccessQuery query;
             query.name = name;
-            query.sql = TrimWhitespace(RunTool({ "mdb-queries", m_database, name }).value_or(""));
+            // mdb-queries rebuilds the SQL from the query's parts and drops its joins,
+            // grouping and column names; the exported definition has the SQL Access wrote.
+            if (std::string file = DefinitionFile("query", name); !file.empty()) {
+                try {
+                    query = QueryFromDefinition(name, ReadDefinitionFile(file).value_or(""), file);
+                } catch (const ScrivError& error) {
+                    Trace("AccessSource: " + error.Description());
+                }
+            }
+            if (query.sql.empty())
+                query.sql = TrimWhitespace(RunTool({ "mdb-queries", m_database, name }).value_or(""));
+            if (std::optional<std::string> properties = RunTool({ "mdb-prop", m_database, name })) {
+                auto byName = ParseProperties(*properties);
+                if (auto* own = OwnProperties(byName, name); own && own->count("description"))
+                    query.description = (*own)["description"];
+            }
             m_queries.push_back(std::move(query));
         }
     }

@@ -8,8 +8,10 @@
 // An Access application as files: the definitions of its forms, reports,
 // macros and queries exported as text (SaveAsText), its tables' definitions,
 // and the database itself (.mdb, .accdb) when there is one. Tables and queries
-// come from the database through mdbtools when it can be read, else from the
-// exported definitions: table definitions as SQL (CREATE TABLE, as
+// come from the database through mdbtools when it can be read (the SQL of a
+// query from its exported definition when there is one: mdb-queries rebuilds
+// it without joins, grouping and column names), else from the exported
+// definitions: table definitions as SQL (CREATE TABLE, as
 // mdb-schema writes them, with COMMENT ON for descriptions) in ".sql" files,
 // queries as ".query" files. Forms, reports and macros are ".form",
 // ".report" and ".macro" files; the name of each object is its file's base
