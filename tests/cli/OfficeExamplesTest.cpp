@@ -18,27 +18,20 @@
 #include "foundation/System.h"
 #include "host/access/CW_AccessFormProcessor.h"
 #include "host/excel/MsFormsFile.h"
+#include "support/ImageMaps.h"
 #include "support/TestSupport.h"
 
 namespace scriv {
 namespace {
 
-struct Area {
-    std::string href;
-    int left, top, right, bottom;
-};
+using Area = test::MapArea;
 
+// The image maps of a topic by name.
 std::map<std::string, std::vector<Area>> MapsOf(const std::string& page)
 {
     std::map<std::string, std::vector<Area>> maps;
-    std::regex mapPattern("<MAP NAME=\"([^\"]+)\">([\\s\\S]*?)</MAP>");
-    std::regex areaPattern("COORDS=\"(-?\\d+),(-?\\d+),(-?\\d+),(-?\\d+)\" HREF=\"#([^\"]+)\"");
-    for (std::sregex_iterator it(page.begin(), page.end(), mapPattern), end; it != end; ++it) {
-        std::vector<Area>& areas = maps[(*it)[1]];
-        std::string body = (*it)[2];
-        for (std::sregex_iterator a(body.begin(), body.end(), areaPattern); a != end; ++a)
-            areas.push_back({ (*a)[5], std::stoi((*a)[1]), std::stoi((*a)[2]), std::stoi((*a)[3]), std::stoi((*a)[4]) });
-    }
+    for (test::ImageMap& map : test::ImageMapsOf(page))
+        maps[map.name] = std::move(map.areas);
     return maps;
 }
 
