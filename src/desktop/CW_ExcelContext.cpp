@@ -288,8 +288,17 @@ void CW_ExcelContext::CloseComponent(int objType, const std::string& objName, bo
 
 void CW_ExcelContext::SetComponentHelp(int objType, const std::string& objName, int helpContextId)
 {
-    Trace("CW_ExcelContext: help context id " + std::to_string(helpContextId) + " of " + objName
-        + " is not written into the workbook");
+    // A user form keeps its id in the header of its exported form file, as
+    // the VBA editor writes it; worksheets and charts have none.
+    UserForm* form = FindUserForm(objName);
+    if (!form) {
+        Trace("CW_ExcelContext: help context id " + std::to_string(helpContextId) + " of " + objName
+            + " is not written: only user forms keep one");
+        return;
+    }
+    Vb6FormFile file = Vb6FormFile::Load(form->path);
+    file.SetFormProperty("HelpContextID", std::to_string(helpContextId));
+    file.Save();
 }
 
 int CW_ExcelContext::ActivateComponent(int objType, const std::string& objName, bool forceOpenInDesignView,

@@ -10,6 +10,7 @@
 #include "foundation/Paths.h"
 #include "host/CXmlCommand.h"
 #include "host/excel/CSourceProjectMSExcel.h"
+#include "host/vb6/Vb6FormFile.h"
 #include "model/IHelpPrjSourceProject.h"
 #include "model/IHostAgent.h"
 #include "support/CoreFixture.h"
@@ -117,6 +118,30 @@ TEST_F(ExcelHostTest, TheWorkbooksWorksheetsChartsAndUserFormsAreItsObjects)
     agent.ActivateComponent(2, "frmFilter", false, false);
     ASSERT_NE(RenderedWindows().Find(form.hWnd), nullptr);
     EXPECT_EQ(RenderedWindows().Find(form.hWnd)->form.picture.Width(), 320 + 8);
+}
+
+TEST_F(ExcelHostTest, AUserFormTakesItsHelpContextIdIntoItsFormFile)
+{
+    std::string book = m_work / "Book.xlsx";
+    WriteWorkbook(book, { "Plan" });
+    std::string before = UserForm("frmPlan", "   Caption         =   \"Plan\"\r\n");
+    m_work.Write("frmPlan.frm", before);
+    ConnectHost(CW_ExcelContext::Open(book));
+    IHostAgent& agent = Data().Agent();
+    agent.SetComponentHelpContextId(2, "frmPlan", 4711);
+    std::string after = m_work.Read("frmPlan.frm");
+    EXPECT_NE(after.find("HelpContextID   =   4711\r\n"), std::string::npos) << after;
+    // One line more, every other line as it was, and the reader sees the id.
+    EXPECT_EQ(after.size(), before.size() + std::string("   HelpContextID   =   4711\r\n").size()) << after;
+    EXPECT_EQ(Vb6FormFile::Load(m_work / "frmPlan.frm").Form().Number("HelpContextID", 0), 4711);
+    // Set again, the line is changed, not added.
+    agent.SetComponentHelpContextId(2, "frmPlan", 12);
+    after = m_work.Read("frmPlan.frm");
+    EXPECT_EQ(after.find("4711"), std::string::npos);
+    EXPECT_EQ(Vb6FormFile::Load(m_work / "frmPlan.frm").Form().Number("HelpContextID", 0), 12);
+    // A worksheet has nowhere to keep one; nothing is written.
+    agent.SetComponentHelpContextId(81, "Plan", 5);
+    EXPECT_EQ(m_work.Read("frmPlan.frm"), after);
 }
 
 TEST_F(ExcelHostTest, ANameWithADoubleQuoteIsAnnouncedAndSkipped)
