@@ -316,7 +316,12 @@ bool CScrivant::ProcessHelpTreeAndGenerateHelp1(int level, CHelpPrjTreeNode& par
             if (!page.empty() && FileExists(page)) {
                 ++Data().GenerationStats().HelpPagesCount;
                 // A topic opened alone sends its reader to the browser help's entry page.
+                bool inStep = !child->DefinitionsPageCheckSum().empty()
+                    && child->DefinitionsPageCheckSum() == CalcTextFileCheckSum(page);
                 AddWBHScript(page);
+                // The script leaves the page's controls as they were.
+                if (inStep)
+                    child->SetDefinitionsPageCheckSum(CalcTextFileCheckSum(page));
             }
         });
     }
