@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cairo.h>
+#include <bit>
 #include <cstring>
 
 #include "desktop/BmpFile.h"
@@ -41,14 +42,26 @@ Picture Picture::FromSurface(cairo_surface_t* surface)
     Picture picture(cairo_image_surface_get_width(surface), cairo_image_surface_get_height(surface));
     const unsigned char* data = cairo_image_surface_get_data(surface);
     int stride = cairo_image_surface_get_stride(surface);
+    if (picture.Empty())
+        return picture;
+    static_assert(std::endian::native == std::endian::little, "pixels are stored as little-endian words");
+    std::uint8_t* out = picture.m_bytes.data();
+    std::uint8_t* last = out + picture.m_bytes.size() - 3;
     for (int y = 0; y < picture.m_height; ++y) {
         const auto* row = reinterpret_cast<const std::uint32_t*>(data + static_cast<std::ptrdiff_t>(y) * stride);
-        std::uint8_t* out = picture.m_bytes.data() + static_cast<std::size_t>(y) * picture.m_width * 3;
-        for (int x = 0; x < picture.m_width; ++x) {
+        for (int x = 0; x < picture.m_width; ++x, out += 3) {
             std::uint32_t pixel = row[x];
-            *out++ = static_cast<std::uint8_t>(pixel >> 16);
-            *out++ = static_cast<std::uint8_t>(pixel >> 8);
-            *out++ = static_cast<std::uint8_t>(pixel);
+            // Red, green, blue and one byte more in a single store; the next
+            // pixel overwrites the extra byte, and the last pixel of all is
+            // stored byte by byte.
+            std::uint32_t rgb = ((pixel >> 16) & 0xFF) | (pixel & 0xFF00) | ((pixel & 0xFF) << 16);
+            if (out != last) {
+                std::memcpy(out, &rgb, 4);
+            } else {
+                out[0] = static_cast<std::uint8_t>(rgb);
+                out[1] = static_cast<std::uint8_t>(rgb >> 8);
+                out[2] = static_cast<std::uint8_t>(rgb >> 16);
+            }
         }
     }
     return picture;

@@ -2,7 +2,10 @@
 
 #include <filesystem>
 
+#include <cairo.h>
+
 #include "desktop/BmpFile.h"
+#include "desktop/Picture.h"
 #include "desktop/cJPEG.h"
 #include "foundation/IUserInterface.h"
 #include "foundation/Paths.h"
@@ -43,6 +46,63 @@ std::string Bytes(std::initializer_list<int> values)
 }
 
 // --- bitmaps ---
+
+TEST(PictureTest, ASurfaceGivesEveryPixelInRedGreenBlueOrderUpToTheLast)
+{
+    for (auto [width, height] : { std::pair { 1, 1 }, std::pair { 1, 5 }, std::pair { 7, 3 }, std::pair { 13, 1 } }) {
+        for (cairo_format_t format : { CAIRO_FORMAT_RGB24, CAIRO_FORMAT_ARGB32 }) {
+            cairo_surface_t* surface = cairo_image_surface_create(format, width, height);
+            cairo_surface_flush(surface);
+            unsigned char* data = cairo_image_surface_get_data(surface);
+            int stride = cairo_image_surface_get_stride(surface);
+            auto colourAt = [](int x, int y) {
+                return Rgb { static_cast<std::uint8_t>(10 + x * 17), static_cast<std::uint8_t>(200 - y * 13),
+                    static_cast<std::uint8_t>(x * 7 + y * 11 + 1) };
+            };
+            for (int y = 0; y < height; ++y)
+                for (int x = 0; x < width; ++x) {
+                    Rgb c = colourAt(x, y);
+                    reinterpret_cast<std::uint32_t*>(data + y * stride)[x]
+                        = 0xFF000000u | (std::uint32_t { c.r } << 16) | (std::uint32_t { c.g } << 8) | c.b;
+                }
+            cairo_surface_mark_dirty(surface);
+            Picture picture = Picture::FromSurface(surface);
+            ASSERT_EQ(picture.Width(), width);
+            ASSERT_EQ(picture.Height(), height);
+            ASSERT_EQ(picture.Bytes().size(), static_cast<std::size_t>(width * height * 3));
+            for (int y = 0; y < height; ++y)
+                for (int x = 0; x < width; ++x)
+                    EXPECT_EQ(picture.Pixel(x, y), colourAt(x, y)) << width << "x" << height << " at " << x << "," << y;
+            // And back: the same pixels on a new surface.
+            cairo_surface_t* back = picture.ToSurface();
+            EXPECT_TRUE(Picture::FromSurface(back) == picture);
+            cairo_surface_destroy(back);
+            cairo_surface_destroy(surface);
+        }
+    }
+    cairo_surface_t* empty = cairo_image_surface_create(CAIRO_FORMAT_RGB24, 0, 0);
+    EXPECT_TRUE(Picture::FromSurface(empty).Empty());
+    cairo_surface_destroy(empty);
+}
+
+TEST(PictureTest, PastingCopiesThePartThatFallsInside)
+{
+    Picture canvas(4, 3);
+    Picture part(3, 2);
+    for (int y = 0; y < 2; ++y)
+        for (int x = 0; x < 3; ++x)
+            part.SetPixel(x, y, { static_cast<std::uint8_t>(x + 1), static_cast<std::uint8_t>(y + 1), 9 });
+    canvas.Paste(part, 2, 2);
+    // Only the top row of the part, and of it the two left pixels, fall inside.
+    EXPECT_EQ(canvas.Pixel(2, 2), (Rgb { 1, 1, 9 }));
+    EXPECT_EQ(canvas.Pixel(3, 2), (Rgb { 2, 1, 9 }));
+    EXPECT_EQ(canvas.Pixel(1, 2), (Rgb {}));
+    EXPECT_EQ(canvas.Pixel(2, 1), (Rgb {}));
+    canvas.Paste(part, -2, -1);
+    EXPECT_EQ(canvas.Pixel(0, 0), (Rgb { 3, 2, 9 }));
+    EXPECT_EQ(canvas.Pixel(1, 0), (Rgb {}));
+    EXPECT_TRUE(canvas.Crop(2, 2, 2, 1) == part.Crop(0, 0, 2, 1));
+}
 
 TEST(BmpFileTest, AThreeByTwoPictureIsWrittenByteForByte)
 {
