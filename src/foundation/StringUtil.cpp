@@ -216,9 +216,21 @@ int CompareNoCase(std::string_view a, std::string_view b)
 
 bool EqualsNoCase(std::string_view a, std::string_view b)
 {
-    if (a.size() == b.size() && a == b)
-        return true;
-    return CompareNoCase(a, b) == 0;
+    // Names are mostly ASCII: up to the first other byte, characters pair up
+    // one to one and fold as ASCII letters do, so a difference there is final.
+    std::size_t i = 0;
+    for (; i < a.size() && i < b.size(); ++i) {
+        unsigned char ca = static_cast<unsigned char>(a[i]);
+        unsigned char cb = static_cast<unsigned char>(b[i]);
+        if (ca >= 0x80 || cb >= 0x80)
+            return CompareNoCase(a.substr(i), b.substr(i)) == 0;
+        if (ca == cb)
+            continue;
+        unsigned char lower = ca | 0x20;
+        if (lower != (cb | 0x20) || lower < 'a' || lower > 'z')
+            return false;
+    }
+    return a.size() == b.size();
 }
 
 bool StartsWithNoCase(std::string_view text, std::string_view prefix)

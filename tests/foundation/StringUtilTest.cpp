@@ -16,6 +16,21 @@ TEST(CaseFolding, ComparesLettersOfEveryScriptWithoutCase)
     EXPECT_GT(CompareNoCase("b", "A"), 0);
 }
 
+TEST(CaseFolding, EqualityAgreesWithTheComparisonOnAsciiAndMixedNames)
+{
+    // Characters one case bit apart that are no letters, names that end
+    // early, and non-ASCII letters after an ASCII start.
+    const char* const names[] = { "", "a", "A", "@", "`", "[", "{", "Form1", "FORM1", "form1x", "cmd_OK", "CMD_ok",
+        "Caption", "Captio", "txtÄrger", "TXTärger", "txtärgeR", "Kelvin", "\xE2\x84\xAA" "elvin", "s", "\xC5\xBF",
+        "Ärger", "ärger", "name\x7F", "NAME\x7F", "ab\xFF", "AB\xFF" };
+    for (const char* a : names)
+        for (const char* b : names)
+            EXPECT_EQ(EqualsNoCase(a, b), CompareNoCase(a, b) == 0) << "'" << a << "' and '" << b << "'";
+    EXPECT_TRUE(EqualsNoCase("txtÄrger", "TXTärger"));
+    EXPECT_FALSE(EqualsNoCase("@", "`"));
+    EXPECT_FALSE(EqualsNoCase("[", "{"));
+}
+
 TEST(CaseFolding, FindsAndReplacesWithoutCase)
 {
     EXPECT_EQ(FindNoCase("<HTML><Title>x</title>", "<title>"), 6u);
