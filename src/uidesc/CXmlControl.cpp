@@ -108,8 +108,9 @@ void CXmlControl::ReadAttributes(desc::AttributeReader& read, std::string type, 
         ClassName = given;
     OriginalClassName = read.Text("OriginalClassName");
     PicFullPath = read.Text("PicFullPath");
-    if (PicFullPath.empty())
-        PicFullPath = desc::JoinBare(read.Text("PicFileName"), desc::ProjectPicsFolder());
+    // The project's pictures folder is looked up only for a bare file name.
+    if (std::string bare = read.Text("PicFileName"); PicFullPath.empty() && !bare.empty())
+        PicFullPath = desc::JoinBare(bare, desc::ProjectPicsFolder());
     HelpContextId = read.Int("HelpContextId");
     std::tie(Width, Height) = read.Pair("Size");
     std::tie(Left, Top) = read.Pair("Location");
@@ -346,9 +347,14 @@ std::string CXmlControl::Name4Xml() const
     return XmlEncodeChars(Name);
 }
 
-std::string CXmlControl::NameNormalized() const
+const std::string& CXmlControl::NameNormalized() const
 {
-    return EncodeObjectName(Name);
+    if (!m_normalizedKnown || m_normalizedFrom != Name) {
+        m_normalized = EncodeObjectName(Name);
+        m_normalizedFrom = Name;
+        m_normalizedKnown = true;
+    }
+    return m_normalized;
 }
 
 std::string CXmlControl::Text4Xml() const

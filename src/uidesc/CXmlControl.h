@@ -89,7 +89,7 @@ public:
     // The element's name; sets ClassName too when that is empty.
     void SetControlType(std::string type);
     std::string Name4Xml() const;
-    std::string NameNormalized() const;
+    const std::string& NameNormalized() const;
     std::string Text4Xml() const;
     // Text trimmed, less one closing ":" when longer than one character.
     std::string Caption() const;
@@ -170,6 +170,12 @@ public:
     int TabPageIndex { -1 };
 
 private:
+    // The encoded name and the name it was encoded from: lookups by name
+    // encode every control's name, and the name may change at any time.
+    mutable std::string m_normalizedFrom;
+    mutable std::string m_normalized;
+    mutable bool m_normalizedKnown { false };
+
     bool Fail(std::string text, std::string source);
     void ReadAttributes(desc::AttributeReader& read, std::string type, int level);
     bool ParseChildren(const pugi::xml_node& element);

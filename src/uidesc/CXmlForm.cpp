@@ -172,8 +172,9 @@ void CXmlForm::ReadAttributes(desc::AttributeReader& read)
     if (Text.empty())
         Text = read.Text("Caption");
     m_picFullPath = read.Text("PicFullPath");
-    if (m_picFullPath.empty())
-        m_picFullPath = desc::JoinBare(read.Text("PicFileName"), desc::ProjectPicsFolder());
+    // The project's pictures folder is looked up only for a bare file name.
+    if (std::string bare = read.Text("PicFileName"); m_picFullPath.empty() && !bare.empty())
+        m_picFullPath = desc::JoinBare(bare, desc::ProjectPicsFolder());
     m_htmlFullPath = read.Text("HtmlFullPath");
     if (m_htmlFullPath.empty())
         m_htmlFullPath = desc::JoinBare(read.Text("HtmlFileName"), desc::ProjectFolder());
