@@ -76,17 +76,22 @@ std::string clsHHKObject::SortText() const
 
 bool clsHHKObject::Add(std::unique_ptr<clsHHKObject> object)
 {
+    // The children stay sorted without case, each text once: the place is
+    // found by halving.
     std::string text = object->SortText();
-    std::size_t position = m_children.Count();
-    for (std::size_t i = 0; i < m_children.Count(); ++i) {
-        int order = CompareNoCase(m_children.At(i).value->SortText(), text);
+    std::size_t low = 0;
+    std::size_t high = m_children.Count();
+    while (low < high) {
+        std::size_t middle = low + (high - low) / 2;
+        int order = CompareNoCase(m_children.At(middle).value->SortText(), text);
         if (order == 0)
             return false;
-        if (order > 0) {
-            position = i;
-            break;
-        }
+        if (order < 0)
+            low = middle + 1;
+        else
+            high = middle;
     }
+    std::size_t position = low;
     std::string key = object->Key();
     return m_children.Insert(position, std::move(key), std::move(object));
 }

@@ -22,8 +22,12 @@ std::string CAddInProject::XmlFormsFolder() const
 std::string CAddInProject::PicsSubfolderPath() const
 {
     std::string path = AddBackslash(AddBackslash(Folder) + RemoveBackslash(PicsSubfolderName));
+    // Every description read asks; a folder found once is taken as there.
+    if (!PicsSubfolderName.empty() && path == m_picsFolderFound)
+        return path;
     if (PicsSubfolderName.empty() || !FolderExists(path))
         return AddBackslash(Folder) + "images/";
+    m_picsFolderFound = path;
     return path;
 }
 

@@ -45,6 +45,8 @@ private:
     std::string m_title;
     std::string m_sourceProjectsList;
     bool m_sourceProjectsListRead { false };
+    // The pictures folder last found on disk.
+    mutable std::string m_picsFolderFound;
 };
 
 }  // namespace scriv

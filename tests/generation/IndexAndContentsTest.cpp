@@ -78,6 +78,24 @@ TEST_F(IndexTest, KeywordsGroupWithoutCaseAndShowTheLaterSpelling)
     EXPECT_EQ(root.Child(1).Parameters().front().Value(), "Zebra");
 }
 
+TEST_F(IndexTest, ManyKeywordsInAnyOrderComeOutSortedWithoutCaseAndEachOnce)
+{
+    clsHHK index;
+    std::vector<std::string> keywords;
+    // 500 keywords in a scrambled order, each given twice in two spellings.
+    for (int i = 0; i < 500; ++i)
+        keywords.push_back("Key" + std::to_string((i * 7919) % 500));
+    for (const std::string& keyword : keywords) {
+        index.AddCustomLink("Topic", keyword, keyword + ".htm", "");
+        index.AddCustomLink("Topic", ToUpper(keyword), keyword + ".htm", "");
+    }
+    const clsHHKObject& root = index.Root();
+    ASSERT_EQ(root.ChildCount(), 500u);
+    for (std::size_t i = 1; i < root.ChildCount(); ++i)
+        EXPECT_LT(CompareNoCase(root.Child(i - 1).IndexGroupDisplayValue(), root.Child(i).IndexGroupDisplayValue()), 0)
+            << root.Child(i - 1).IndexGroupDisplayValue() << " before " << root.Child(i).IndexGroupDisplayValue();
+}
+
 TEST_F(IndexTest, WithoutObjectEntriesTheIndexIsAnEmptyList)
 {
     Parameters().FillIndexFromAppObjectsAndControls = false;
