@@ -1,3 +1,4 @@
+#include <malloc.h>
 #include <iostream>
 
 #include <CLI/CLI.hpp>
@@ -17,6 +18,11 @@
 int main(int argc, char** argv)
 {
     using namespace scriv;
+    // A generation makes and drops window pictures of some hundred kilobytes
+    // for every form: the allocator keeps their memory for the next ones
+    // instead of handing it back and faulting it in again each time.
+    mallopt(M_MMAP_THRESHOLD, 32 << 20);
+    mallopt(M_TRIM_THRESHOLD, 128 << 20);
     // The logic thread is this one.
     LogicLoop();
 
