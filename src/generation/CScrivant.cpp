@@ -3,6 +3,7 @@
 #include "foundation/CTraceLog.h"
 #include "foundation/CXmlMessages.h"
 #include "foundation/DateTime.h"
+#include "foundation/Digest.h"
 #include "foundation/ErrorMessage.h"
 #include "foundation/EventLoop.h"
 #include "foundation/IUserInterface.h"
@@ -316,12 +317,12 @@ bool CScrivant::ProcessHelpTreeAndGenerateHelp1(int level, CHelpPrjTreeNode& par
             if (!page.empty() && FileExists(page)) {
                 ++Data().GenerationStats().HelpPagesCount;
                 // A topic opened alone sends its reader to the browser help's entry page.
-                bool inStep = !child->DefinitionsPageCheckSum().empty()
-                    && child->DefinitionsPageCheckSum() == CalcTextFileCheckSum(page);
+                bool inStep = !child->DefinitionsPageDigest().empty()
+                    && child->DefinitionsPageDigest() == FileDigest(page);
                 AddWBHScript(page);
                 // The script leaves the page's controls as they were.
                 if (inStep)
-                    child->SetDefinitionsPageCheckSum(CalcTextFileCheckSum(page));
+                    child->SetDefinitionsPageDigest(FileDigest(page));
             }
         });
     }
@@ -477,7 +478,7 @@ void CScrivant::ProcessSourceObject(CHelpPrjTreeNode& node)
     }
     SetPageTitle(*form, page);
     // The page and its description were just made from each other.
-    node.SetDefinitionsPageCheckSum(CalcTextFileCheckSum(page));
+    node.SetDefinitionsPageDigest(FileDigest(page));
     Trace("ProcessHelpTreeAndGenerateHelp1: " + node.Name() + " has " + std::to_string(form->Controls().Count())
         + " controls");
 }

@@ -6,6 +6,7 @@
 
 #include "foundation/CTraceLog.h"
 #include "foundation/CodePage.h"
+#include "foundation/Digest.h"
 #include "foundation/FileBackups.h"
 #include "foundation/ObjectNames.h"
 #include "foundation/Paths.h"
@@ -91,8 +92,8 @@ bool DocumentedControlsListed()
 // Whether the node's page is as it was when its definitions were last derived from it.
 bool DefinitionsInStepWithPage(const CHelpPrjTreeNode& node)
 {
-    const std::string& sum = node.DefinitionsPageCheckSum();
-    return !sum.empty() && sum == CalcTextFileCheckSum(node.GeneratedHTMLFileFullPath());
+    const std::string& digest = node.DefinitionsPageDigest();
+    return !digest.empty() && digest == FileDigest(node.GeneratedHTMLFileFullPath());
 }
 
 std::uint32_t WriteSitemap(const std::string& path, const std::string& text, const char* source)
@@ -248,7 +249,7 @@ bool MakeXmlFormControlDefs(CHelpPrjTreeNode& node)
     bool changed = form.MakeDefs(page, true);
     if (changed)
         form.SaveXml(FolderOf(xmlPath), xmlPath);
-    node.SetDefinitionsPageCheckSum(CalcTextFileCheckSum(page));
+    node.SetDefinitionsPageDigest(FileDigest(page));
     return changed;
 }
 

@@ -10,6 +10,7 @@
 
 #include "foundation/CTraceLog.h"
 #include "foundation/CUTF8File.h"
+#include "foundation/Digest.h"
 #include "foundation/Paths.h"
 #include "foundation/ScrivError.h"
 #include "foundation/StringUtil.h"
@@ -135,19 +136,6 @@ struct CachedPage {
     SiteSearchEntry entry;
 };
 using SearchCache = std::map<std::string, CachedPage>;
-
-// FNV-1a of the page's text, as hexadecimal.
-std::string TextDigest(std::string_view text)
-{
-    std::uint64_t hash = 14695981039346656037ull;
-    for (unsigned char c : text) {
-        hash ^= c;
-        hash *= 1099511628211ull;
-    }
-    char out[17];
-    std::snprintf(out, sizeof out, "%016llx", static_cast<unsigned long long>(hash));
-    return { out, 16 };
-}
 
 // A value on one line of the cache: backslashes, tabs and line ends escaped.
 std::string Escaped(std::string_view text)

@@ -124,11 +124,11 @@ public:
     void SetCSSFullPath(std::string value) { SetPropertyValue("CSSFullPath", std::move(value)); }
     std::string PicsSubfolderName() const { return PropertyValue("PicsSubfolderName"); }
     void SetPicsSubfolderName(std::string value) { SetPropertyValue("PicsSubfolderName", std::move(value)); }
-    // The checksum of the page when its control definitions were last derived
-    // from it in this session ("" when never): a page still of that sum needs
-    // no deriving again. Kept in memory only.
-    const std::string& DefinitionsPageCheckSum() const { return m_definitionsPageCheckSum; }
-    void SetDefinitionsPageCheckSum(std::string value) { m_definitionsPageCheckSum = std::move(value); }
+    // The digest (FileDigest) of the page when its control definitions were
+    // last derived from it in this session ("" when never): a page still of
+    // that digest needs no deriving again. Kept in memory only.
+    const std::string& DefinitionsPageDigest() const { return m_definitionsPageDigest; }
+    void SetDefinitionsPageDigest(std::string value) { m_definitionsPageDigest = std::move(value); }
     // "" reads as false; a number is true when not 0; otherwise only "true".
     bool Skipped() const;
     void SetSkipped(bool value) { SetPropertyValue("skipped", value ? "true" : "false"); }
@@ -294,7 +294,7 @@ private:
     ITreeView* m_treeView { nullptr };
     std::string m_treeViewNode;
     bool m_terminated { false };
-    std::string m_definitionsPageCheckSum;
+    std::string m_definitionsPageDigest;
 
     mutable std::optional<std::string> m_templateHtmlFile;
     mutable std::optional<std::string> m_generatedHtmlFile;
