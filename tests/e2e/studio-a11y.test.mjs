@@ -170,6 +170,13 @@ describe("axe-core finds no serious or critical violation in the studio", () => 
         assert.equal(await tab.getAttribute("aria-selected"), "true");
         assert.equal(await tab.getAttribute("tabindex"), "0");
         await tab.focus();
+        // Reached from the keyboard, the focused tab shows a ring of its own.
+        await page.keyboard.press("Shift");
+        const outline = await tab.evaluate((element) => {
+            const style = getComputedStyle(element);
+            return { matches: element.matches(":focus-visible"), style: style.outlineStyle, width: style.outlineWidth };
+        });
+        assert.deepEqual(outline, { matches: true, style: "solid", width: "2px" });
         await page.keyboard.press("Delete");
         await tab.waitFor({ state: "detached" });
         await page.locator(".main-area .empty-area:not([hidden])").waitFor();
